@@ -1,0 +1,33 @@
+#include "cli/Command.h"
+
+namespace cli {
+
+int RunProjects(const Arguments&, Context&);
+int RunCreate(const Arguments&, Context&);
+int RunDelete(const Arguments&, Context&);
+int RunProtocol(const Arguments&, Context&);
+int RunFactions(const Arguments&, Context&);
+int RunAddFaction(const Arguments&, Context&);
+int RunRemoveFaction(const Arguments&, Context&);
+int RunIniGet(const Arguments&, Context&);
+int RunIniSet(const Arguments&, Context&);
+int RunCompile(const Arguments&, Context&);
+
+const std::vector<Command>& Commands() {
+    static const std::vector<Command> commands = {
+        {"projects", "", "project names, one per line, sorted without regard to case", RunProjects},
+        {"create", "NAME", "create a project; \"Project created.\" goes to its own protocol", RunCreate},
+        {"delete", "NAME", "delete the project folder", RunDelete},
+        {"protocol", "NAME", "print the project's protocol file as it is", RunProtocol},
+        {"factions", "PROJECT", "registry in file order: nickname TAB group", RunFactions},
+        {"add-faction", "PROJECT NICK [GROUP]", "add a faction or change its group", RunAddFaction},
+        {"remove-faction", "PROJECT NICK", "delete a registered faction and its files", RunRemoveFaction},
+        {"ini-get", "FILE SECTION KEY [DEFAULT]", "print the value that an INI read returns", RunIniGet},
+        {"ini-set", "FILE SECTION KEY VALUE", "write one INI value", RunIniSet},
+        {"compile", "PROJECT [emphaty|faction_prop|initialworld]...",
+         "compile the project's game files (all when none is named)", RunCompile},
+    };
+    return commands;
+}
+
+}  // namespace cli

@@ -1,0 +1,53 @@
+#include <functional>
+
+#include "cli/Command.h"
+#include "core/modFunctions.h"
+
+namespace cli {
+namespace {
+
+// One game file: its name on the command line, how to build it from the project folder and
+// the registry's faction order, and the protocol line that follows a successful compile.
+struct Compiler {
+    std::string_view name;
+    std::function<void(const std::string& projectFolder, const std::vector<std::string>& factions)> compile;
+    std::string_view protocolLine;
+};
+
+const std::vector<Compiler>& Compilers() {
+    // In this order when no file is named.
+    static const std::vector<Compiler> compilers = {};
+    return compilers;
+}
+
+}  // namespace
+
+int RunCompile(const Arguments& args, Context& context) {
+    if (args.empty())
+        return UsageError(*FindCommand("compile"), context);
+    const auto project = ExistingProject(context, args[0]);
+    if (!project)
+        return Failed;
+    std::vector<const Compiler*> chosen;
+    for (std::size_t i = 1; i < args.size(); ++i) {
+        const Compiler* found = nullptr;
+        for (const Compiler& compiler : Compilers())
+            if (compiler.name == args[i])
+                found = &compiler;
+        if (!found)
+            return UsageError(*FindCommand("compile"), context, "unknown game file \"" + args[i] + "\"");
+        chosen.push_back(found);
+    }
+    if (chosen.empty())
+        for (const Compiler& compiler : Compilers())
+            chosen.push_back(&compiler);
+    const std::string folder = modFunctions::ProjectPath(context.appDir, *project);
+    const auto factions = modFunctions::RegistryNicknames(modFunctions::RegistryPath(context.appDir, *project));
+    for (const Compiler* compiler : chosen) {
+        compiler->compile(folder, factions);
+        modFunctions::WriteProtocol(context.appDir, *project, compiler->protocolLine);
+    }
+    return Ok;
+}
+
+}  // namespace cli

@@ -1,0 +1,19 @@
+#include "cli/Command.h"
+#include "core/modFunctions.h"
+
+namespace cli {
+
+int RunCreate(const Arguments& args, Context& context) {
+    if (args.size() != 1)
+        return UsageError(*FindCommand("create"), context);
+    const auto name = CheckedName(context, args[0], "project name");
+    if (!name)
+        return Failed;
+    if (!modFunctions::FindProject(context.appDir, *name).empty())
+        return Failure(context, "a project \"" + args[0] + "\" exists already");
+    modFunctions::CreateProjectFolders(context.appDir, *name);
+    modFunctions::WriteProtocol(context.appDir, *name, "Project created.");
+    return Ok;
+}
+
+}  // namespace cli

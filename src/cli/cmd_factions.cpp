@@ -1,0 +1,23 @@
+#include "cli/Command.h"
+#include "core/modFunctions.h"
+#include "core/platform.h"
+
+namespace cli {
+
+int RunFactions(const Arguments& args, Context& context) {
+    if (args.size() != 1)
+        return UsageError(*FindCommand("factions"), context);
+    const auto project = ExistingProject(context, args[0]);
+    if (!project)
+        return Failed;
+    const std::string registry = modFunctions::RegistryPath(context.appDir, *project);
+    if (!platform::IsFile(registry))
+        return Ok;  // a project without factions
+    for (const auto& entry : modFunctions::LoadRegistry(registry)) {
+        Print(context, entry.nickname + "\t" + entry.group);
+        context.out << "\n";
+    }
+    return Ok;
+}
+
+}  // namespace cli

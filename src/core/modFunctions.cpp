@@ -1,0 +1,214 @@
+#include "core/modFunctions.h"
+
+#include <ctime>
+
+#include "core/names.h"
+#include "core/platform.h"
+#include "core/txtReadWrite.h"
+
+namespace modFunctions {
+namespace {
+
+constexpr std::string_view ProjectSubfolders[] = {"\\emphaty", "\\emphaty\\new", "\\faction_prop",
+                                                  "\\initialworld", "\\XML", "\\Protocol",
+                                                  "\\compiled", "\\misc"};
+
+// The files that belong to one faction alone, deleted with it, in this order.
+constexpr std::pair<std::string_view, std::string_view> FactionFiles[] = {
+    {"\\emphaty\\new\\reps_", ".facts"},        {"\\emphaty\\new\\", ".tmp"},
+    {"\\faction_prop\\shiplist_", ".lst"},      {"\\faction_prop\\Voicelist_", ".lst"},
+    {"\\faction_prop\\scanlist_", ".lst"},      {"\\faction_prop\\bodylist_", ".lst"},
+    {"\\faction_prop\\formationlist_", ".lst"}};
+
+std::string Trimmed(std::string_view text) {
+    const auto blank = [](char c) { return c == ' ' || c == '\t'; };
+    while (!text.empty() && blank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && blank(text.back()))
+        text.remove_suffix(1);
+    return std::string(text);
+}
+
+bool IsRegistrySectionLine(std::string_view line) {
+    return !line.empty() && line.front() == '[' && line.back() == ']';
+}
+
+std::string WithoutBrackets(std::string_view line) {
+    std::string out;
+    for (const char c : line)
+        if (c != '[' && c != ']')
+            out += c;
+    return out;
+}
+
+}  // namespace
+
+std::string ProjectsFolder(std::string_view appDir) { return std::string(appDir) + "\\projects"; }
+
+std::string ProjectPath(std::string_view appDir, std::string_view project, std::string_view piece) {
+    return ProjectsFolder(appDir) + "\\" + std::string(project) + std::string(piece);
+}
+
+std::string LibraryFolder(std::string_view appDir, std::string_view subsystem) {
+    return std::string(appDir) + "\\data\\" + std::string(subsystem) + "\\original_factions";
+}
+
+void EnsureProjectsFolder(std::string_view appDir) {
+    if (!platform::IsDirectory(ProjectsFolder(appDir)))
+        platform::CreateFolder(ProjectsFolder(appDir));
+}
+
+std::vector<std::string> ListProjects(std::string_view appDir) {
+    auto projects = platform::ListFolder(ProjectsFolder(appDir), platform::EntryKind::Folders);
+    names::SortIgnoringCase(projects);
+    return projects;
+}
+
+std::string FindProject(std::string_view appDir, std::string_view name) {
+    std::string found;
+    for (const std::string& project : ListProjects(appDir)) {
+        if (project == name)
+            return project;
+        if (found.empty() && names::EqualIgnoringCase(project, name))
+            found = project;
+    }
+    return found;
+}
+
+void CreateProjectFolders(std::string_view appDir, std::string_view name) {
+    names::Require(name, "Project name");
+    const std::string root = ProjectPath(appDir, name);
+    platform::CreateFolder(root);
+    for (const std::string_view sub : ProjectSubfolders)
+        platform::CreateFolder(root + std::string(sub));
+}
+
+void DeleteProjectFolder(std::string_view appDir, std::string_view name) {
+    if (names::Refusal(name))
+        return;  // never let a refused name reach outside the projects folder
+    platform::DeleteFolderTree(ProjectPath(appDir, name));
+}
+
+std::string ProtocolEntry(std::string_view text) {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    ::localtime_r(&now, &local);
+    char date[128] = {};
+    char time[128] = {};
+    std::strftime(date, sizeof date, "%x", &local);
+    std::strftime(time, sizeof time, "%X", &local);
+    return std::string(date) + "    " + time + ": " + std::string(text) + "\r\n";
+}
+
+void WriteProtocol(std::string_view appDir, std::string_view project, std::string_view text) {
+    const std::string path = ProjectPath(appDir, project, "\\protocol\\protocol.txt");
+    const std::string entry = ProtocolEntry(text);
+    try {
+        txtReadWrite::AppendFileText(path, entry);
+    } catch (const platform::FileError&) {
+        txtReadWrite::WriteFileText(path, entry);
+    }
+}
+
+std::string RegistryPath(std::string_view appDir, std::string_view project) {
+    return ProjectPath(appDir, project, "\\misc\\factions.ini");
+}
+
+std::vector<RegistryEntry> LoadRegistry(const std::string& registryPath) {
+    if (!platform::IsFile(registryPath))
+        throw platform::FileError(registryPath, "the faction registry does not exist");
+    const auto document = txtReadWrite::LoadIni(registryPath);
+    std::vector<RegistryEntry> entries;
+    for (const std::string& line : txtReadWrite::ReadLines(registryPath)) {
+        if (!IsRegistrySectionLine(line))
+            continue;
+        std::string nickname = WithoutBrackets(line);
+        std::string group = document->Read(nickname, "grp", "[ERROR]");
+        std::string rep = document->Read(nickname, "Rep", "0.0");
+        entries.push_back({std::move(nickname), std::move(group), std::move(rep)});
+    }
+    return entries;
+}
+
+std::vector<std::string> RegistryNicknames(const std::string& registryPath) {
+    std::vector<std::string> out;
+    for (const std::string& line : txtReadWrite::ReadLines(registryPath))
+        if (IsRegistrySectionLine(line))
+            out.push_back(WithoutBrackets(line));
+    return out;
+}
+
+std::string SaveFaction(std::string_view appDir, std::string_view project, std::string_view nickname,
+                        std::string_view description) {
+    if (Trimmed(nickname).empty())
+        return {};
+    names::Require(nickname, "Nickname");
+    const std::string group = Trimmed(description).empty() ? std::string(nickname) : std::string(description);
+    txtReadWrite::WriteIni(nickname, "grp", group, RegistryPath(appDir, project));
+    return group;
+}
+
+std::string RegistryWithoutFaction(std::string_view text, std::string_view nickname,
+                                   std::string_view group) {
+    const std::string sectionLine = "[" + std::string(nickname) + "]";
+    const std::string groupLine = "grp=" + std::string(group);
+    std::string out;
+    out.reserve(text.size());
+    enum class State { Looking, InSection, Done } state = State::Looking;
+    std::size_t pos = 0;
+    while (pos < text.size()) {
+        std::size_t lf = text.find('\n', pos);
+        const std::size_t next = lf == std::string_view::npos ? text.size() : lf + 1;
+        std::size_t end = lf == std::string_view::npos ? text.size() : lf;
+        if (lf != std::string_view::npos && end > pos && text[end - 1] == '\r')
+            --end;
+        const std::string_view line = text.substr(pos, end - pos);
+        const std::string_view ending = text.substr(end, next - end);
+        bool empty = false;
+        if (state == State::Looking && line == sectionLine) {
+            empty = true;
+            state = State::InSection;
+        } else if (state == State::InSection) {
+            if (line.find_first_not_of(" \t") != std::string_view::npos &&
+                line[line.find_first_not_of(" \t")] == '[')
+                state = State::Done;
+            else if (line == groupLine) {
+                empty = true;
+                state = State::Done;
+            }
+        }
+        if (!empty)
+            out.append(line);
+        out.append(ending);
+        pos = next;
+    }
+    return out;
+}
+
+void DeleteFaction(std::string_view appDir, std::string_view project, std::string_view nickname,
+                   std::string_view group) {
+    names::Require(nickname, "Nickname");
+    const std::string registry = RegistryPath(appDir, project);
+    const std::string text = RegistryWithoutFaction(txtReadWrite::ReadFileText(registry), nickname, group);
+    for (const auto& [prefix, suffix] : FactionFiles)
+        platform::DeleteFile(ProjectPath(appDir, project, std::string(prefix) + std::string(nickname) + std::string(suffix)));
+    txtReadWrite::WriteFileText(registry, text);
+}
+
+std::vector<std::string> LoadListFile(const std::string& path) {
+    std::vector<std::string> entries;
+    for (std::string& line : txtReadWrite::ReadLines(path))
+        if (!line.empty())
+            entries.push_back(std::move(line));
+    return entries;
+}
+
+bool FileExists(const std::string& path) {
+    const std::string resolved = platform::ResolvePath(path);
+    const auto slash = resolved.rfind('/');
+    const std::string_view name = slash == std::string::npos ? std::string_view(resolved)
+                                                             : std::string_view(resolved).substr(slash + 1);
+    return !name.starts_with('.') && platform::IsFile(resolved);
+}
+
+}  // namespace modFunctions

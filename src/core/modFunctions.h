@@ -1,0 +1,70 @@
+#pragma once
+// Project routines: the project folder tree, the project list, the protocol, the
+// faction registry, list files and the file-exists helper. The window and the
+// command line call these; neither touches paths or files on its own.
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace modFunctions {
+
+// <app dir>\projects
+std::string ProjectsFolder(std::string_view appDir);
+// <app dir>\projects\<project><piece>; piece is a literal starting with "\" (or empty).
+std::string ProjectPath(std::string_view appDir, std::string_view project, std::string_view piece = {});
+// <app dir>\data\<subsystem>\original_factions for "emphaty", "faction_prop", "initialworld".
+std::string LibraryFolder(std::string_view appDir, std::string_view subsystem);
+
+// Creates <app dir>\projects when it is missing (start-up).
+void EnsureProjectsFolder(std::string_view appDir);
+
+// The names of the direct subfolders of the projects folder, sorted without regard to case.
+std::vector<std::string> ListProjects(std::string_view appDir);
+// The project named without regard to case, as spelled on disk; empty when there is none.
+std::string FindProject(std::string_view appDir, std::string_view name);
+// Creates the project folder and its eight subfolders in order. Throws platform::FileError
+// at the first folder that cannot be made (folders made before it stay).
+void CreateProjectFolders(std::string_view appDir, std::string_view name);
+// Deletes the project folder with all its contents, ignoring errors.
+void DeleteProjectFolder(std::string_view appDir, std::string_view name);
+
+// "<date>    <time>: <text>" + CR LF, date and time from the C library's locale.
+std::string ProtocolEntry(std::string_view text);
+// Appends an entry to <app dir>\projects\<project>\protocol\protocol.txt; when appending
+// fails, writes the file anew with the entry; an error of that reaches the caller.
+void WriteProtocol(std::string_view appDir, std::string_view project, std::string_view text);
+
+// ---- faction registry (misc\factions.ini) ----
+std::string RegistryPath(std::string_view appDir, std::string_view project);
+
+struct RegistryEntry {
+    std::string nickname;
+    std::string group;  // "grp", "[ERROR]" when missing
+    std::string rep;    // "Rep", "0.0" when missing
+};
+// The sections in file order. A section line starts with "[" and ends with "]"; the
+// nickname is the line with every bracket removed. Throws platform::FileError when the
+// registry cannot be read (missing).
+std::vector<RegistryEntry> LoadRegistry(const std::string& registryPath);
+// Just the nicknames in file order; empty when the registry is missing.
+std::vector<std::string> RegistryNicknames(const std::string& registryPath);
+
+// The New/Save action: WriteIni(nick, "grp", group). Returns the group stored: the
+// nickname when the description is blank. Nothing happens (returns "") for a blank nickname.
+std::string SaveFaction(std::string_view appDir, std::string_view project, std::string_view nickname,
+                        std::string_view description);
+// The Delete action: empties the section line and its "grp=<group>" line, deletes the
+// faction's seven per-faction files (errors skipped) and rewrites the registry in one step.
+void DeleteFaction(std::string_view appDir, std::string_view project, std::string_view nickname,
+                   std::string_view group);
+// The text of the registry with the faction's two lines emptied (line ends kept).
+std::string RegistryWithoutFaction(std::string_view registryText, std::string_view nickname,
+                                   std::string_view group);
+
+// ---- list files and files ----
+// The lines of a list file, for filling a list box; empty when the file is missing.
+std::vector<std::string> LoadListFile(const std::string& path);
+// True when the path names an existing ordinary file.
+bool FileExists(const std::string& path);
+
+}  // namespace modFunctions

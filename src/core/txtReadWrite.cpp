@@ -1,0 +1,254 @@
+#include "core/txtReadWrite.h"
+
+#include <unordered_map>
+
+#include "core/names.h"
+
+IniWriteError::IniWriteError(std::string file, const std::string& reason)
+    : std::runtime_error("Error 5: could not write " + file + " (" + reason + ")"),
+      file_(std::move(file)) {}
+
+namespace txtReadWrite {
+namespace {
+
+constexpr std::string_view DefaultIniName = "Kelvaro.ini";
+constexpr std::string_view LineEnd = "\r\n";
+
+std::string& ApplicationDirectoryStorage() {
+    static std::string appDir = platform::ExecutableFolder();
+    return appDir;
+}
+
+// The cached path of the default settings file, worked out on first use.
+std::string& DefaultIniPathCache() {
+    static std::string path;
+    return path;
+}
+
+// Parsed INI documents by resolved path, trusted while the file's stamp is unchanged.
+class IniCache {
+public:
+    struct Entry {
+        platform::FileStamp stamp;
+        std::shared_ptr<IniDocument> document;
+    };
+
+    std::shared_ptr<IniDocument> Load(const std::string& resolved) {
+        const auto stamp = platform::StampOf(resolved);
+        if (!stamp) {
+            entries_.erase(resolved);
+            return std::make_shared<IniDocument>();
+        }
+        const auto it = entries_.find(resolved);
+        if (it != entries_.end() && it->second.stamp == *stamp)
+            return it->second.document;
+        auto document = std::make_shared<IniDocument>(platform::ReadBytes(resolved).value_or(""));
+        if (entries_.size() >= MaxEntries)
+            entries_.clear();
+        entries_[resolved] = {*stamp, document};
+        return document;
+    }
+
+    void Remember(const std::string& resolved, std::shared_ptr<IniDocument> document) {
+        if (const auto stamp = platform::StampOf(resolved))
+            entries_[resolved] = {*stamp, std::move(document)};
+        else
+            entries_.erase(resolved);
+    }
+
+    void Forget(const std::string& resolved) { entries_.erase(resolved); }
+
+private:
+    static constexpr std::size_t MaxEntries = 256;
+    std::unordered_map<std::string, Entry> entries_;
+};
+
+IniCache& Cache() {
+    static IniCache cache;
+    return cache;
+}
+
+std::string IniFile(const std::string& file) { return file.empty() ? GetDefaultIniPath() : file; }
+
+// The lines of a text, each ended by CR LF or a lone LF; a lone CR stays in its line.
+std::vector<std::string> SplitLines(std::string_view bytes) {
+    std::vector<std::string> lines;
+    std::size_t pos = 0;
+    while (pos < bytes.size()) {
+        std::size_t lf = bytes.find('\n', pos);
+        if (lf == std::string_view::npos) {
+            lines.emplace_back(bytes.substr(pos));
+            break;
+        }
+        const std::size_t end = (lf > pos && bytes[lf - 1] == '\r') ? lf - 1 : lf;
+        lines.emplace_back(bytes.substr(pos, end - pos));
+        pos = lf + 1;
+    }
+    return lines;
+}
+
+}  // namespace
+
+void SetApplicationDirectory(std::string_view appDir) {
+    ApplicationDirectoryStorage() = std::string(appDir);
+    DefaultIniPathCache().clear();
+}
+
+const std::string& ApplicationDirectory() { return ApplicationDirectoryStorage(); }
+
+std::string GetDefaultIniPath() {
+    std::string& cached = DefaultIniPathCache();
+    if (cached.empty()) {
+        const std::string& appDir = ApplicationDirectory();
+        cached = (!appDir.empty() && appDir.back() == '\\') ? appDir + std::string(DefaultIniName)
+                                                            : appDir + "\\" + std::string(DefaultIniName);
+    }
+    return cached;
+}
+
+std::shared_ptr<const IniDocument> LoadIni(const std::string& file) {
+    return Cache().Load(platform::ResolvePath(IniFile(file)));
+}
+
+std::string ReadIni(std::string_view section, std::string_view key, std::string_view defaultValue,
+                    const std::string& file) {
+    try {
+        return LoadIni(file)->Read(section, key, defaultValue);
+    } catch (const std::exception&) {
+        // An unreadable file reads like a missing one.
+        return IniDocument().Read(section, key, defaultValue);
+    }
+}
+
+void WriteIni(std::string_view section, std::string_view key, std::string_view value,
+              const std::string& file) {
+    const std::string path = IniFile(file);
+    std::string resolved;
+    try {
+        resolved = platform::ResolvePath(path);
+        auto document = Cache().Load(resolved);
+        // Edit the cached copy in place when nobody else holds it; otherwise edit a copy.
+        if (document.use_count() > 2)
+            document = std::make_shared<IniDocument>(*document);
+        if (!document->Write(section, key, value))
+            return;
+        try {
+            platform::ReplaceFile(resolved, document->Bytes());
+        } catch (...) {
+            Cache().Forget(resolved);
+            throw;
+        }
+        Cache().Remember(resolved, std::move(document));
+    } catch (const platform::FileError& error) {
+        throw IniWriteError(path, error.what());
+    } catch (const std::bad_alloc&) {
+        throw IniWriteError(path, "out of memory");
+    }
+}
+
+std::string ReadFileText(const std::string& path) {
+    if (!platform::IsFile(path))
+        return {};
+    return platform::ReadBytes(path).value_or("");
+}
+
+void WriteFileText(const std::string& path, std::string_view text) {
+    std::string bytes(text);
+    bytes += LineEnd;
+    platform::ReplaceFile(path, bytes);
+}
+
+void AppendFileText(const std::string& path, std::string_view text) {
+    std::string bytes(text);
+    bytes += LineEnd;
+    platform::AppendBytes(path, bytes);
+}
+
+std::vector<std::string> ReadLines(const std::string& path) {
+    if (!platform::IsFile(path))
+        return {};
+    return SplitLines(platform::ReadBytes(path).value_or(""));
+}
+
+std::string ReadFileLine(const std::string& path, long lineNumber) {
+    if (lineNumber <= 0)
+        return {};
+    auto lines = ReadLines(path);
+    if (static_cast<std::size_t>(lineNumber) > lines.size())
+        return {};
+    return std::move(lines[static_cast<std::size_t>(lineNumber) - 1]);
+}
+
+// ---- Transaction ----
+
+Transaction::Pending& Transaction::Slot(const std::string& file) {
+    const std::string resolved = platform::ResolvePath(file);
+    const std::string keyName = names::Folded(resolved);
+    auto [it, inserted] = pending_.try_emplace(keyName);
+    if (inserted) {
+        it->second.file = resolved;
+        order_.push_back(keyName);
+    }
+    return it->second;
+}
+
+std::string Transaction::ReadIni(std::string_view section, std::string_view key,
+                                 std::string_view defaultValue, const std::string& file) {
+    const std::string path = IniFile(file);
+    Pending& slot = Slot(path);
+    if (slot.isIni)
+        return slot.ini->Read(section, key, defaultValue);
+    return txtReadWrite::ReadIni(section, key, defaultValue, path);
+}
+
+void Transaction::WriteIni(std::string_view section, std::string_view key, std::string_view value,
+                           const std::string& file) {
+    const std::string path = IniFile(file);
+    Pending& slot = Slot(path);
+    if (!slot.isIni) {
+        try {
+            slot.ini = std::make_unique<IniDocument>(*LoadIni(path));
+        } catch (const std::exception& error) {
+            throw IniWriteError(path, error.what());
+        }
+        slot.isIni = true;
+    }
+    if (slot.ini->Write(section, key, value))
+        slot.changed = true;
+}
+
+void Transaction::WriteFileText(const std::string& path, std::string_view text) {
+    Pending& slot = Slot(path);
+    slot.isIni = false;
+    slot.ini.reset();
+    slot.text = std::string(text) + std::string(LineEnd);
+    slot.changed = true;
+}
+
+void Transaction::Commit() {
+    platform::StagedReplacement replacement;
+    for (const std::string& keyName : order_) {
+        Pending& slot = pending_.at(keyName);
+        if (!slot.changed)
+            continue;
+        try {
+            replacement.Stage(slot.file, slot.isIni ? slot.ini->Bytes() : slot.text);
+        } catch (const platform::FileError& error) {
+            if (slot.isIni)
+                throw IniWriteError(slot.file, error.what());
+            throw;
+        }
+    }
+    replacement.Commit();
+    for (const std::string& keyName : order_) {
+        Pending& slot = pending_.at(keyName);
+        if (slot.changed && slot.isIni)
+            Cache().Remember(slot.file, std::shared_ptr<IniDocument>(std::move(slot.ini)));
+        else if (slot.changed)
+            Cache().Forget(slot.file);
+    }
+    pending_.clear();
+    order_.clear();
+}
+
+}  // namespace txtReadWrite

@@ -1,0 +1,78 @@
+#pragma once
+// Every byte that reaches the disk passes through here: INI values and whole text files.
+#include <map>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/IniDocument.h"
+#include "core/platform.h"
+
+// A failed INI write (the "invalid procedure call or argument" error, number 5).
+class IniWriteError : public std::runtime_error {
+public:
+    IniWriteError(std::string file, const std::string& reason);
+    const std::string& file() const { return file_; }
+    static constexpr int Number = 5;
+
+private:
+    std::string file_;
+};
+
+namespace txtReadWrite {
+
+// The application directory that GetDefaultIniPath uses; set once at start-up.
+void SetApplicationDirectory(std::string_view appDir);
+const std::string& ApplicationDirectory();
+std::string GetDefaultIniPath();
+
+std::string ReadIni(std::string_view section, std::string_view key,
+                    std::string_view defaultValue, const std::string& file);
+void WriteIni(std::string_view section, std::string_view key, std::string_view value,
+              const std::string& file);  // throws IniWriteError
+
+// The parsed document of a file (empty when missing), shared from a small cache that is
+// revalidated by size, modification time and identity. Compilers read many keys per parse.
+std::shared_ptr<const IniDocument> LoadIni(const std::string& file);
+
+std::string ReadFileText(const std::string& path);
+void WriteFileText(const std::string& path, std::string_view text);   // adds CR LF
+void AppendFileText(const std::string& path, std::string_view text);  // adds CR LF
+std::string ReadFileLine(const std::string& path, long lineNumber);
+// Every line of a file (ends: CR LF or lone LF); empty when the file is missing.
+std::vector<std::string> ReadLines(const std::string& path);
+
+// Collects INI writes and whole-file writes in memory and puts them on disk together:
+// each file is parsed once and written once, all-or-nothing. Reads through the
+// transaction see its pending writes. Destruction without Commit discards everything.
+class Transaction {
+public:
+    Transaction() = default;
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    std::string ReadIni(std::string_view section, std::string_view key,
+                        std::string_view defaultValue, const std::string& file);
+    void WriteIni(std::string_view section, std::string_view key, std::string_view value,
+                  const std::string& file);
+    void WriteFileText(const std::string& path, std::string_view text);  // adds CR LF
+    // Writes every changed file crash-safely; on failure no file changes. Throws IniWriteError
+    // for an INI file and platform::FileError for a text file.
+    void Commit();
+
+private:
+    struct Pending {
+        std::string file;  // as first given
+        std::unique_ptr<IniDocument> ini;
+        std::string text;
+        bool isIni = false;
+        bool changed = false;
+    };
+    Pending& Slot(const std::string& file);
+    std::map<std::string, Pending> pending_;  // keyed by resolved path
+    std::vector<std::string> order_;
+};
+
+}  // namespace txtReadWrite
