@@ -1,0 +1,3 @@
+#include "ui/FactionPropsPage.h"
+
+FactionPropsPage::FactionPropsPage(Session&, Dialogs&, QWidget* parent) : QWidget(parent) {}

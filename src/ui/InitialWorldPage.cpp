@@ -1,0 +1,3 @@
+#include "ui/InitialWorldPage.h"
+
+InitialWorldPage::InitialWorldPage(Session&, Dialogs&, QWidget* parent) : QWidget(parent) {}

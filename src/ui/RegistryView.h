@@ -1,0 +1,14 @@
+#pragma once
+// A page whose pickers and list views show the registered factions; the registry
+// loader of the main window clears and fills every such page.
+#include <vector>
+
+#include "core/modFunctions.h"
+
+class RegistryView {
+public:
+    virtual ~RegistryView() = default;
+    virtual void ClearFactions() = 0;
+    // Adds every entry, in registry order, to the page's picker and list view.
+    virtual void AddFactions(const std::vector<modFunctions::RegistryEntry>& entries) = 0;
+};

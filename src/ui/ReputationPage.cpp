@@ -1,0 +1,3 @@
+#include "ui/ReputationPage.h"
+
+ReputationPage::ReputationPage(Session&, Dialogs&, QWidget* parent) : QWidget(parent) {}

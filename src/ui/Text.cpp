@@ -1,0 +1,37 @@
+#include "ui/Text.h"
+
+#include "core/win1252.h"
+
+namespace text {
+
+QString ToQt(std::string_view bytes) {
+    QString out;
+    out.reserve(static_cast<qsizetype>(bytes.size()));
+    for (const unsigned char c : bytes)
+        out += QChar(static_cast<char16_t>(win1252::CodePoint(c)));
+    return out;
+}
+
+std::string ToFile(const QString& text) {
+    std::string out;
+    out.reserve(static_cast<std::size_t>(text.size()));
+    for (const QChar c : text) {
+        const auto byte = win1252::ByteFor(c.unicode());
+        out += byte ? static_cast<char>(*byte) : '?';
+    }
+    return out;
+}
+
+std::optional<std::string> ToFileExact(const QString& text) {
+    std::string out;
+    out.reserve(static_cast<std::size_t>(text.size()));
+    for (const QChar c : text) {
+        const auto byte = win1252::ByteFor(c.unicode());
+        if (!byte)
+            return std::nullopt;
+        out += static_cast<char>(*byte);
+    }
+    return out;
+}
+
+}  // namespace text

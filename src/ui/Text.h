@@ -1,0 +1,14 @@
+#pragma once
+// The one place where window text (QString) and file text (Windows-1252 bytes) meet.
+#include <QString>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace text {
+QString ToQt(std::string_view bytes);
+// Characters outside Windows-1252 become "?", as the platform's own conversion does.
+std::string ToFile(const QString& text);
+// nullopt when a character is outside Windows-1252 (for names, which must be exact).
+std::optional<std::string> ToFileExact(const QString& text);
+}  // namespace text

@@ -1,0 +1,3 @@
+#include "ui/XmlScriptPage.h"
+
+XmlScriptPage::XmlScriptPage(Dialogs&, QWidget* parent) : QWidget(parent) {}

@@ -1,0 +1,41 @@
+#pragma once
+// Answers the modal questions of a test from a queue and records every message shown.
+#include <QStringList>
+#include <deque>
+
+#include "ui/Dialogs.h"
+
+class ScriptedDialogs : public Dialogs {
+public:
+    struct Shown {
+        QMessageBox::Icon icon;
+        QString title;
+        QString text;
+    };
+    struct Asked {
+        QString prompt;
+        QString title;
+        QString defaultText;
+    };
+
+    // Queue the next answers of InputBox; "" stands for Cancel.
+    void Answer(const QString& text) { answers_.push_back(text); }
+
+    QString InputBox(const QString& prompt, const QString& title, const QString& defaultText) override {
+        asked.push_back({prompt, title, defaultText});
+        if (answers_.empty())
+            return {};
+        QString answer = answers_.front();
+        answers_.pop_front();
+        return answer;
+    }
+    void MessageBox(QMessageBox::Icon icon, const QString& title, const QString& text) override {
+        shown.push_back({icon, title, text});
+    }
+
+    std::vector<Shown> shown;
+    std::vector<Asked> asked;
+
+private:
+    std::deque<QString> answers_;
+};
