@@ -1,7 +1,7 @@
 #pragma once
 // The command-line front end: one small file per command, found through one table.
-#include <ostream>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,7 +9,7 @@
 namespace cli {
 
 struct Context {
-    std::string appDir;  // application directory (Windows-1252 bytes, "/" path of the host)
+    std::string appDir; // application directory (Windows-1252 bytes, "/" path of the host)
     std::ostream& out;
     std::ostream& err;
 };
@@ -21,7 +21,7 @@ enum ExitCode : int { Ok = 0, Usage = 1, Failed = 2 };
 
 struct Command {
     std::string_view name;
-    std::string_view arguments;  // e.g. "PROJECT NICK [GROUP]"
+    std::string_view arguments; // e.g. "PROJECT NICK [GROUP]"
     std::string_view summary;
     int (*run)(const Arguments&, Context&);
 };
@@ -41,10 +41,11 @@ int Failure(Context& context, std::string_view message);
 // A UTF-8 argument as Windows-1252 bytes; nullopt (after reporting) when it cannot be.
 std::optional<std::string> FileText(Context& context, std::string_view utf8);
 // A UTF-8 name checked by the name rule; nullopt (after reporting) when refused.
-std::optional<std::string> CheckedName(Context& context, std::string_view utf8, std::string_view what);
+std::optional<std::string> CheckedName(Context& context, std::string_view utf8,
+                                       std::string_view what);
 // Windows-1252 bytes printed as UTF-8.
 void Print(Context& context, std::string_view bytes);
 // The project named without regard to case, as spelled on disk; nullopt (after reporting).
 std::optional<std::string> ExistingProject(Context& context, std::string_view utf8Name);
 
-}  // namespace cli
+} // namespace cli

@@ -1,11 +1,11 @@
-#include <ostream>
-
 #include "cli/Command.h"
 #include "core/modFunctions.h"
 #include "core/names.h"
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
 #include "core/win1252.h"
+
+#include <ostream>
 
 namespace cli {
 namespace {
@@ -21,7 +21,7 @@ void PrintUsage(std::ostream& out) {
     }
 }
 
-}  // namespace
+} // namespace
 
 const Command* FindCommand(std::string_view name) {
     for (const Command& command : Commands())
@@ -50,12 +50,14 @@ std::optional<std::string> FileText(Context& context, std::string_view utf8) {
     return bytes;
 }
 
-std::optional<std::string> CheckedName(Context& context, std::string_view utf8, std::string_view what) {
+std::optional<std::string> CheckedName(Context& context, std::string_view utf8,
+                                       std::string_view what) {
     auto bytes = FileText(context, utf8);
     if (!bytes)
         return std::nullopt;
     if (const auto reason = names::Refusal(*bytes)) {
-        Failure(context, std::string(what) + " \"" + std::string(utf8) + "\" is refused: " + *reason);
+        Failure(context,
+                std::string(what) + " \"" + std::string(utf8) + "\" is refused: " + *reason);
         return std::nullopt;
     }
     return bytes;
@@ -74,7 +76,9 @@ std::optional<std::string> ExistingProject(Context& context, std::string_view ut
     return found;
 }
 
-void Print(Context& context, std::string_view bytes) { context.out << win1252::ToUtf8(bytes); }
+void Print(Context& context, std::string_view bytes) {
+    context.out << win1252::ToUtf8(bytes);
+}
 
 int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
     std::size_t i = 0;
@@ -129,4 +133,4 @@ int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& e
     }
 }
 
-}  // namespace cli
+} // namespace cli

@@ -19,4 +19,4 @@ int RunAddFaction(const Arguments& args, Context& context) {
     return Ok;
 }
 
-}  // namespace cli
+} // namespace cli

@@ -16,4 +16,4 @@ int RunCreate(const Arguments& args, Context& context) {
     return Ok;
 }
 
-}  // namespace cli
+} // namespace cli

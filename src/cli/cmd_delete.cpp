@@ -15,4 +15,4 @@ int RunDelete(const Arguments& args, Context& context) {
     return Ok;
 }
 
-}  // namespace cli
+} // namespace cli

@@ -12,7 +12,7 @@ int RunFactions(const Arguments& args, Context& context) {
         return Failed;
     const std::string registry = modFunctions::RegistryPath(context.appDir, *project);
     if (!platform::IsFile(registry))
-        return Ok;  // a project without factions
+        return Ok; // a project without factions
     for (const auto& entry : modFunctions::LoadRegistry(registry)) {
         Print(context, entry.nickname + "\t" + entry.group);
         context.out << "\n";
@@ -20,4 +20,4 @@ int RunFactions(const Arguments& args, Context& context) {
     return Ok;
 }
 
-}  // namespace cli
+} // namespace cli

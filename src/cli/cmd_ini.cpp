@@ -30,4 +30,4 @@ int RunIniSet(const Arguments& args, Context& context) {
     return Ok;
 }
 
-}  // namespace cli
+} // namespace cli

@@ -13,4 +13,4 @@ int RunProjects(const Arguments& args, Context& context) {
     return Ok;
 }
 
-}  // namespace cli
+} // namespace cli

@@ -10,9 +10,9 @@ int RunProtocol(const Arguments& args, Context& context) {
     const auto project = ExistingProject(context, args[0]);
     if (!project)
         return Failed;
-    Print(context, txtReadWrite::ReadFileText(
-                       modFunctions::ProjectPath(context.appDir, *project, "\\protocol\\protocol.txt")));
+    Print(context, txtReadWrite::ReadFileText(modFunctions::ProjectPath(
+                       context.appDir, *project, "\\protocol\\protocol.txt")));
     return Ok;
 }
 
-}  // namespace cli
+} // namespace cli

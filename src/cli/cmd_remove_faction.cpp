@@ -19,7 +19,8 @@ int RunRemoveFaction(const Arguments& args, Context& context) {
             return Ok;
         }
     }
-    return Failure(context, "the faction \"" + args[1] + "\" is not registered in project \"" + args[0] + "\"");
+    return Failure(context, "the faction \"" + args[1] + "\" is not registered in project \"" +
+                                args[0] + "\"");
 }
 
-}  // namespace cli
+} // namespace cli

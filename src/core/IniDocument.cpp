@@ -1,8 +1,8 @@
 #include "core/IniDocument.h"
 
-#include <algorithm>
-
 #include "core/names.h"
+
+#include <algorithm>
 
 namespace ini {
 
@@ -22,17 +22,25 @@ std::string ReplaceAll(std::string_view text, std::string_view from, std::string
     out.append(text, pos);
     return out;
 }
-}  // namespace
+} // namespace
 
-std::string EscapeLineBreaks(std::string_view value) { return ReplaceAll(value, "\r\n", LineBreakEscape); }
-std::string UnescapeLineBreaks(std::string_view stored) { return ReplaceAll(stored, LineBreakEscape, "\r\n"); }
-std::string Fold(std::string_view name) { return names::Folded(name); }
+std::string EscapeLineBreaks(std::string_view value) {
+    return ReplaceAll(value, "\r\n", LineBreakEscape);
+}
+std::string UnescapeLineBreaks(std::string_view stored) {
+    return ReplaceAll(stored, LineBreakEscape, "\r\n");
+}
+std::string Fold(std::string_view name) {
+    return names::Folded(name);
+}
 
-}  // namespace ini
+} // namespace ini
 
 namespace {
 
-bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t';
+}
 
 std::string_view Trim(std::string_view text) {
     while (!text.empty() && IsBlank(text.front()))
@@ -42,7 +50,9 @@ std::string_view Trim(std::string_view text) {
     return text;
 }
 
-bool IsBlankLine(std::string_view text) { return Trim(text).empty(); }
+bool IsBlankLine(std::string_view text) {
+    return Trim(text).empty();
+}
 
 // The section name of a section line; nullopt for any other line.
 std::optional<std::string_view> SectionName(std::string_view text) {
@@ -58,7 +68,7 @@ std::optional<std::string_view> SectionName(std::string_view text) {
     return Trim(rest);
 }
 
-}  // namespace
+} // namespace
 
 IniDocument::IniDocument(std::string_view bytes) {
     std::size_t pos = 0;
@@ -163,7 +173,9 @@ bool IniDocument::Write(std::string_view section, std::string_view key, std::str
     return true;
 }
 
-bool IniDocument::HasSection(std::string_view section) const { return FindSection(section) != nullptr; }
+bool IniDocument::HasSection(std::string_view section) const {
+    return FindSection(section) != nullptr;
+}
 
 std::vector<std::string> IniDocument::SectionNames() const {
     std::vector<std::string> out;

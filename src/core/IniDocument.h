@@ -31,14 +31,14 @@ public:
 
 private:
     struct Line {
-        std::string text;    // without its line end
-        std::string ending;  // "\r\n", "\n" or "" (last line only)
+        std::string text;   // without its line end
+        std::string ending; // "\r\n", "\n" or "" (last line only)
     };
     struct Section {
         std::string name;
-        std::size_t header = 0;    // line index of the section line
-        std::size_t lastLine = 0;  // last line before the next section line
-        std::unordered_map<std::string, std::size_t> keys;  // folded key -> line (first only)
+        std::size_t header = 0;                            // line index of the section line
+        std::size_t lastLine = 0;                          // last line before the next section line
+        std::unordered_map<std::string, std::size_t> keys; // folded key -> line (first only)
     };
     void AddLine(std::string_view text, std::string_view ending);
     Section* FindSection(std::string_view section);
@@ -46,7 +46,7 @@ private:
 
     std::vector<Line> lines_;
     std::vector<Section> sections_;
-    std::unordered_map<std::string, std::size_t> sectionIndex_;  // folded name -> first section
+    std::unordered_map<std::string, std::size_t> sectionIndex_; // folded name -> first section
 };
 
 namespace ini {
@@ -56,4 +56,4 @@ std::string EscapeLineBreaks(std::string_view value);
 std::string UnescapeLineBreaks(std::string_view stored);
 // Case folding used for section and key names (ASCII and Windows-1252 letter pairs).
 std::string Fold(std::string_view name);
-}  // namespace ini
+} // namespace ini

@@ -1,23 +1,23 @@
 #include "core/modFunctions.h"
 
-#include <ctime>
-
 #include "core/names.h"
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
 
+#include <ctime>
+
 namespace modFunctions {
 namespace {
 
-constexpr std::string_view ProjectSubfolders[] = {"\\emphaty", "\\emphaty\\new", "\\faction_prop",
-                                                  "\\initialworld", "\\XML", "\\Protocol",
-                                                  "\\compiled", "\\misc"};
+constexpr std::string_view ProjectSubfolders[] = {
+    "\\emphaty", "\\emphaty\\new", "\\faction_prop", "\\initialworld",
+    "\\XML",     "\\Protocol",     "\\compiled",     "\\misc"};
 
 // The files that belong to one faction alone, deleted with it, in this order.
 constexpr std::pair<std::string_view, std::string_view> FactionFiles[] = {
-    {"\\emphaty\\new\\reps_", ".facts"},        {"\\emphaty\\new\\", ".tmp"},
-    {"\\faction_prop\\shiplist_", ".lst"},      {"\\faction_prop\\Voicelist_", ".lst"},
-    {"\\faction_prop\\scanlist_", ".lst"},      {"\\faction_prop\\bodylist_", ".lst"},
+    {"\\emphaty\\new\\reps_", ".facts"},       {"\\emphaty\\new\\", ".tmp"},
+    {"\\faction_prop\\shiplist_", ".lst"},     {"\\faction_prop\\Voicelist_", ".lst"},
+    {"\\faction_prop\\scanlist_", ".lst"},     {"\\faction_prop\\bodylist_", ".lst"},
     {"\\faction_prop\\formationlist_", ".lst"}};
 
 std::string Trimmed(std::string_view text) {
@@ -41,9 +41,11 @@ std::string WithoutBrackets(std::string_view line) {
     return out;
 }
 
-}  // namespace
+} // namespace
 
-std::string ProjectsFolder(std::string_view appDir) { return std::string(appDir) + "\\projects"; }
+std::string ProjectsFolder(std::string_view appDir) {
+    return std::string(appDir) + "\\projects";
+}
 
 std::string ProjectPath(std::string_view appDir, std::string_view project, std::string_view piece) {
     return ProjectsFolder(appDir) + "\\" + std::string(project) + std::string(piece);
@@ -85,7 +87,7 @@ void CreateProjectFolders(std::string_view appDir, std::string_view name) {
 
 void DeleteProjectFolder(std::string_view appDir, std::string_view name) {
     if (names::Refusal(name))
-        return;  // never let a refused name reach outside the projects folder
+        return; // never let a refused name reach outside the projects folder
     platform::DeleteFolderTree(ProjectPath(appDir, name));
 }
 
@@ -138,12 +140,13 @@ std::vector<std::string> RegistryNicknames(const std::string& registryPath) {
     return out;
 }
 
-std::string SaveFaction(std::string_view appDir, std::string_view project, std::string_view nickname,
-                        std::string_view description) {
+std::string SaveFaction(std::string_view appDir, std::string_view project,
+                        std::string_view nickname, std::string_view description) {
     if (Trimmed(nickname).empty())
         return {};
     names::Require(nickname, "Nickname");
-    const std::string group = Trimmed(description).empty() ? std::string(nickname) : std::string(description);
+    const std::string group =
+        Trimmed(description).empty() ? std::string(nickname) : std::string(description);
     txtReadWrite::WriteIni(nickname, "grp", group, RegistryPath(appDir, project));
     return group;
 }
@@ -189,9 +192,11 @@ void DeleteFaction(std::string_view appDir, std::string_view project, std::strin
                    std::string_view group) {
     names::Require(nickname, "Nickname");
     const std::string registry = RegistryPath(appDir, project);
-    const std::string text = RegistryWithoutFaction(txtReadWrite::ReadFileText(registry), nickname, group);
+    const std::string text =
+        RegistryWithoutFaction(txtReadWrite::ReadFileText(registry), nickname, group);
     for (const auto& [prefix, suffix] : FactionFiles)
-        platform::DeleteFile(ProjectPath(appDir, project, std::string(prefix) + std::string(nickname) + std::string(suffix)));
+        platform::DeleteFile(ProjectPath(
+            appDir, project, std::string(prefix) + std::string(nickname) + std::string(suffix)));
     txtReadWrite::WriteFileText(registry, text);
 }
 
@@ -206,9 +211,10 @@ std::vector<std::string> LoadListFile(const std::string& path) {
 bool FileExists(const std::string& path) {
     const std::string resolved = platform::ResolvePath(path);
     const auto slash = resolved.rfind('/');
-    const std::string_view name = slash == std::string::npos ? std::string_view(resolved)
-                                                             : std::string_view(resolved).substr(slash + 1);
+    const std::string_view name = slash == std::string::npos
+                                      ? std::string_view(resolved)
+                                      : std::string_view(resolved).substr(slash + 1);
     return !name.starts_with('.') && platform::IsFile(resolved);
 }
 
-}  // namespace modFunctions
+} // namespace modFunctions

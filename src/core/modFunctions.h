@@ -11,7 +11,8 @@ namespace modFunctions {
 // <app dir>\projects
 std::string ProjectsFolder(std::string_view appDir);
 // <app dir>\projects\<project><piece>; piece is a literal starting with "\" (or empty).
-std::string ProjectPath(std::string_view appDir, std::string_view project, std::string_view piece = {});
+std::string ProjectPath(std::string_view appDir, std::string_view project,
+                        std::string_view piece = {});
 // <app dir>\data\<subsystem>\original_factions for "emphaty", "faction_prop", "initialworld".
 std::string LibraryFolder(std::string_view appDir, std::string_view subsystem);
 
@@ -39,8 +40,8 @@ std::string RegistryPath(std::string_view appDir, std::string_view project);
 
 struct RegistryEntry {
     std::string nickname;
-    std::string group;  // "grp", "[ERROR]" when missing
-    std::string rep;    // "Rep", "0.0" when missing
+    std::string group; // "grp", "[ERROR]" when missing
+    std::string rep;   // "Rep", "0.0" when missing
 };
 // The sections in file order. A section line starts with "[" and ends with "]"; the
 // nickname is the line with every bracket removed. Throws platform::FileError when the
@@ -51,8 +52,8 @@ std::vector<std::string> RegistryNicknames(const std::string& registryPath);
 
 // The New/Save action: WriteIni(nick, "grp", group). Returns the group stored: the
 // nickname when the description is blank. Nothing happens (returns "") for a blank nickname.
-std::string SaveFaction(std::string_view appDir, std::string_view project, std::string_view nickname,
-                        std::string_view description);
+std::string SaveFaction(std::string_view appDir, std::string_view project,
+                        std::string_view nickname, std::string_view description);
 // The Delete action: empties the section line and its "grp=<group>" line, deletes the
 // faction's seven per-faction files (errors skipped) and rewrites the registry in one step.
 void DeleteFaction(std::string_view appDir, std::string_view project, std::string_view nickname,
@@ -67,4 +68,4 @@ std::vector<std::string> LoadListFile(const std::string& path);
 // True when the path names an existing ordinary file.
 bool FileExists(const std::string& path);
 
-}  // namespace modFunctions
+} // namespace modFunctions

@@ -1,8 +1,8 @@
 #include "core/names.h"
 
-#include <algorithm>
-
 #include "core/win1252.h"
+
+#include <algorithm>
 
 namespace names {
 
@@ -12,11 +12,16 @@ unsigned char FoldByte(unsigned char c) {
     if (c >= 0xC0 && c <= 0xDE && c != 0xD7)
         return static_cast<unsigned char>(c + 32);
     switch (c) {
-    case 0x8A: return 0x9A;  // S caron
-    case 0x8C: return 0x9C;  // OE
-    case 0x8E: return 0x9E;  // Z caron
-    case 0x9F: return 0xFF;  // Y diaeresis
-    default: return c;
+    case 0x8A:
+        return 0x9A; // S caron
+    case 0x8C:
+        return 0x9C; // OE
+    case 0x8E:
+        return 0x9E; // Z caron
+    case 0x9F:
+        return 0xFF; // Y diaeresis
+    default:
+        return c;
     }
 }
 
@@ -31,7 +36,8 @@ bool EqualIgnoringCase(std::string_view a, std::string_view b) {
     if (a.size() != b.size())
         return false;
     for (std::size_t i = 0; i < a.size(); ++i)
-        if (FoldByte(static_cast<unsigned char>(a[i])) != FoldByte(static_cast<unsigned char>(b[i])))
+        if (FoldByte(static_cast<unsigned char>(a[i])) !=
+            FoldByte(static_cast<unsigned char>(b[i])))
             return false;
     return true;
 }
@@ -66,7 +72,8 @@ std::optional<std::string> Refusal(std::string_view name) {
 
 void Require(std::string_view name, std::string_view what) {
     if (const auto reason = Refusal(name))
-        throw NameRefused(std::string(what) + " \"" + win1252::ToUtf8(name) + "\" is refused: " + *reason);
+        throw NameRefused(std::string(what) + " \"" + win1252::ToUtf8(name) +
+                          "\" is refused: " + *reason);
 }
 
 std::optional<std::string> RefusalUtf8(std::string_view utf8Name) {
@@ -97,4 +104,4 @@ void SortIgnoringCase(std::vector<std::string>& list) {
               [](const std::string& a, const std::string& b) { return LessIgnoringCase(a, b); });
 }
 
-}  // namespace names
+} // namespace names

@@ -33,4 +33,4 @@ std::string Folded(std::string_view name);
 // Equality of names without regard to case (ASCII and the Windows-1252 letter pairs).
 bool EqualIgnoringCase(std::string_view a, std::string_view b);
 
-}  // namespace names
+} // namespace names

@@ -1,15 +1,14 @@
 #include "core/platform.h"
 
-#include <dirent.h>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include "core/names.h"
 
 #include <cerrno>
 #include <cstring>
+#include <dirent.h>
+#include <fcntl.h>
 #include <filesystem>
-
-#include "core/names.h"
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace platform {
 namespace {
@@ -43,7 +42,9 @@ std::string MatchInFolder(const std::string& folder, std::string_view name) {
     return found;
 }
 
-std::string SystemReason(int error) { return std::strerror(error); }
+std::string SystemReason(int error) {
+    return std::strerror(error);
+}
 
 // Closes a descriptor on scope exit.
 struct Descriptor {
@@ -79,7 +80,8 @@ std::string WriteTemporary(const std::string& target, std::string_view bytes) {
     const bool exists = ::stat(target.c_str(), &existing) == 0;
     if (exists && !S_ISREG(existing.st_mode))
         throw FileError(target, "not an ordinary file");
-    if (exists && ::access(target.c_str(), W_OK) != 0)
+    // A file without write permission is read-only for everyone, the superuser included.
+    if (exists && ((existing.st_mode & 0222) == 0 || ::access(target.c_str(), W_OK) != 0))
         throw FileError(target, "the file is read-only");
     const std::string folder = FolderOf(target);
     if (!IsDirectory(folder))
@@ -108,7 +110,7 @@ std::string WriteTemporary(const std::string& target, std::string_view bytes) {
     return temporary;
 }
 
-}  // namespace
+} // namespace
 
 FileError::FileError(std::string path, const std::string& reason)
     : std::runtime_error(path + ": " + reason), path_(std::move(path)) {}
@@ -301,4 +303,4 @@ std::string ExecutableFolder() {
     return exe.parent_path().string();
 }
 
-}  // namespace platform
+} // namespace platform

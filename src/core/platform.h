@@ -64,8 +64,8 @@ public:
     StagedReplacement(const StagedReplacement&) = delete;
     StagedReplacement& operator=(const StagedReplacement&) = delete;
     ~StagedReplacement();
-    void Stage(std::string_view path, std::string_view bytes);  // throws FileError
-    void Commit();                                              // throws FileError
+    void Stage(std::string_view path, std::string_view bytes); // throws FileError
+    void Commit();                                             // throws FileError
 
 private:
     struct Staged {
@@ -78,4 +78,4 @@ private:
 // The folder of the running executable.
 std::string ExecutableFolder();
 
-}  // namespace platform
+} // namespace platform

@@ -1,8 +1,8 @@
 #include "core/txtReadWrite.h"
 
-#include <unordered_map>
-
 #include "core/names.h"
+
+#include <unordered_map>
 
 IniWriteError::IniWriteError(std::string file, const std::string& reason)
     : std::runtime_error("Error 5: could not write " + file + " (" + reason + ")"),
@@ -68,7 +68,9 @@ IniCache& Cache() {
     return cache;
 }
 
-std::string IniFile(const std::string& file) { return file.empty() ? GetDefaultIniPath() : file; }
+std::string IniFile(const std::string& file) {
+    return file.empty() ? GetDefaultIniPath() : file;
+}
 
 // The lines of a text, each ended by CR LF or a lone LF; a lone CR stays in its line.
 std::vector<std::string> SplitLines(std::string_view bytes) {
@@ -87,21 +89,24 @@ std::vector<std::string> SplitLines(std::string_view bytes) {
     return lines;
 }
 
-}  // namespace
+} // namespace
 
 void SetApplicationDirectory(std::string_view appDir) {
     ApplicationDirectoryStorage() = std::string(appDir);
     DefaultIniPathCache().clear();
 }
 
-const std::string& ApplicationDirectory() { return ApplicationDirectoryStorage(); }
+const std::string& ApplicationDirectory() {
+    return ApplicationDirectoryStorage();
+}
 
 std::string GetDefaultIniPath() {
     std::string& cached = DefaultIniPathCache();
     if (cached.empty()) {
         const std::string& appDir = ApplicationDirectory();
-        cached = (!appDir.empty() && appDir.back() == '\\') ? appDir + std::string(DefaultIniName)
-                                                            : appDir + "\\" + std::string(DefaultIniName);
+        cached = (!appDir.empty() && appDir.back() == '\\')
+                     ? appDir + std::string(DefaultIniName)
+                     : appDir + "\\" + std::string(DefaultIniName);
     }
     return cached;
 }
@@ -251,4 +256,4 @@ void Transaction::Commit() {
     order_.clear();
 }
 
-}  // namespace txtReadWrite
+} // namespace txtReadWrite

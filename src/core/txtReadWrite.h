@@ -1,14 +1,14 @@
 #pragma once
 // Every byte that reaches the disk passes through here: INI values and whole text files.
+#include "core/IniDocument.h"
+#include "core/platform.h"
+
 #include <map>
 #include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "core/IniDocument.h"
-#include "core/platform.h"
 
 // A failed INI write (the "invalid procedure call or argument" error, number 5).
 class IniWriteError : public std::runtime_error {
@@ -28,18 +28,18 @@ void SetApplicationDirectory(std::string_view appDir);
 const std::string& ApplicationDirectory();
 std::string GetDefaultIniPath();
 
-std::string ReadIni(std::string_view section, std::string_view key,
-                    std::string_view defaultValue, const std::string& file);
+std::string ReadIni(std::string_view section, std::string_view key, std::string_view defaultValue,
+                    const std::string& file);
 void WriteIni(std::string_view section, std::string_view key, std::string_view value,
-              const std::string& file);  // throws IniWriteError
+              const std::string& file); // throws IniWriteError
 
 // The parsed document of a file (empty when missing), shared from a small cache that is
 // revalidated by size, modification time and identity. Compilers read many keys per parse.
 std::shared_ptr<const IniDocument> LoadIni(const std::string& file);
 
 std::string ReadFileText(const std::string& path);
-void WriteFileText(const std::string& path, std::string_view text);   // adds CR LF
-void AppendFileText(const std::string& path, std::string_view text);  // adds CR LF
+void WriteFileText(const std::string& path, std::string_view text);  // adds CR LF
+void AppendFileText(const std::string& path, std::string_view text); // adds CR LF
 std::string ReadFileLine(const std::string& path, long lineNumber);
 // Every line of a file (ends: CR LF or lone LF); empty when the file is missing.
 std::vector<std::string> ReadLines(const std::string& path);
@@ -57,22 +57,22 @@ public:
                         std::string_view defaultValue, const std::string& file);
     void WriteIni(std::string_view section, std::string_view key, std::string_view value,
                   const std::string& file);
-    void WriteFileText(const std::string& path, std::string_view text);  // adds CR LF
+    void WriteFileText(const std::string& path, std::string_view text); // adds CR LF
     // Writes every changed file crash-safely; on failure no file changes. Throws IniWriteError
     // for an INI file and platform::FileError for a text file.
     void Commit();
 
 private:
     struct Pending {
-        std::string file;  // as first given
+        std::string file; // as first given
         std::unique_ptr<IniDocument> ini;
         std::string text;
         bool isIni = false;
         bool changed = false;
     };
     Pending& Slot(const std::string& file);
-    std::map<std::string, Pending> pending_;  // keyed by resolved path
+    std::map<std::string, Pending> pending_; // keyed by resolved path
     std::vector<std::string> order_;
 };
 
-}  // namespace txtReadWrite
+} // namespace txtReadWrite

@@ -25,7 +25,7 @@ void AppendUtf8(std::string& out, char32_t cp) {
     }
 }
 
-}  // namespace
+} // namespace
 
 char32_t CodePoint(unsigned char byte) {
     if (byte >= 0x80 && byte < 0xA0)
@@ -80,7 +80,7 @@ std::optional<std::string> FromUtf8(std::string_view utf8) {
             cp = (cp << 6) | (next & 0x3F);
         }
         constexpr char32_t Smallest[] = {0, 0x80, 0x800, 0x10000};
-        if (cp < Smallest[extra])  // overlong forms are not valid UTF-8
+        if (cp < Smallest[extra]) // overlong forms are not valid UTF-8
             return std::nullopt;
         const auto byte = ByteFor(cp);
         if (!byte)
@@ -91,4 +91,4 @@ std::optional<std::string> FromUtf8(std::string_view utf8) {
     return out;
 }
 
-}  // namespace win1252
+} // namespace win1252

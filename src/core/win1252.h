@@ -15,4 +15,4 @@ char32_t CodePoint(unsigned char byte);
 // The byte for a code point, or nullopt.
 std::optional<unsigned char> ByteFor(char32_t codePoint);
 
-}  // namespace win1252
+} // namespace win1252

@@ -3,18 +3,85 @@
 #include <gtest/gtest.h>
 
 TEST(IniDocument, ReadsTrimmedValuesIgnoringCaseOfSectionAndKey) {
-    const IniDocument doc("top=1\r\n[Alpha]\r\n Key = some value \r\nother=x\n[beta]\r\nk=v");
+    const IniDocument doc("top=1\r\n[Alpha]\r\n Key = some value \r\nother=x\n  [ beta ]  \r\nk=v");
     EXPECT_EQ(doc.Read("ALPHA", "key", "d"), "some value");
     EXPECT_EQ(doc.Read("Beta", "K", "d"), "v");
-    EXPECT_EQ(doc.Read("alpha", "missing", " def "), " def ");
-    EXPECT_EQ(doc.Read("", "top", "d"), "d");  // lines before the first section never match
+    EXPECT_EQ(doc.Read("alpha", "missing", " def "), " def "); // the default is not trimmed
+    EXPECT_EQ(doc.Read("", "top", "d"), "d"); // lines before the first section never match
+}
+
+TEST(IniDocument, WindowsLettersWithACasePairCompareIgnoringCase) {
+    const IniDocument doc("[\xC4rger]\r\n\xD6l=1\r\n");
+    EXPECT_EQ(doc.Read("\xE4rger", "\xF6L", "d"), "1");
+}
+
+TEST(IniDocument, ReadCutsTheStoredFormThenDecodesLineBreaks) {
+    const std::string longValue(300, 'x');
+    const IniDocument doc("[s]\r\nlong=" + longValue + "\r\nbreak=a/20&\\b\r\n");
+    EXPECT_EQ(doc.Read("s", "long", ""), std::string(254, 'x'));
+    EXPECT_EQ(doc.Read("s", "break", ""), "a\r\nb");
+    // An escape cut in half by the limit stays as the bytes that remain.
+    const IniDocument edge("[s]\r\nk=" + std::string(251, 'y') + "/20&\\\r\n");
+    EXPECT_EQ(edge.Read("s", "k", ""), std::string(251, 'y') + "/20");
+}
+
+TEST(IniDocument, DuplicatesActOnTheFirstOccurrence) {
+    IniDocument doc("[a]\r\nk=1\r\nk=2\r\n[A]\r\nk=3\r\n");
+    EXPECT_EQ(doc.Read("a", "k", ""), "1");
+    EXPECT_TRUE(doc.Write("a", "K", "9"));
+    EXPECT_EQ(doc.Bytes(), "[a]\r\nk=9\r\nk=2\r\n[A]\r\nk=3\r\n");
+}
+
+TEST(IniDocument, ReplacingKeepsTheKeysSpellingAndTheLineEnd) {
+    IniDocument doc("[a]\r\n  MyKey  =  old  \nnext=1");
+    EXPECT_TRUE(doc.Write("A", "mykey", "new"));
+    EXPECT_EQ(doc.Bytes(), "[a]\r\nMyKey=new\nnext=1");
+    EXPECT_FALSE(doc.Write("a", "next", "1")); // equal value: nothing changes
+    EXPECT_FALSE(doc.Write("a", "mykey", "new"));
 }
 
 TEST(IniDocument, NewKeyLandsAfterLastNonBlankLineOfItsSection) {
-    IniDocument doc("[a]\r\nx=1\r\n\r\n\r\n[b]\r\ny=2\r\n");
+    IniDocument doc("[a]\r\nx=1\r\n\r\n \t\r\n[b]\r\ny=2\r\n");
     EXPECT_TRUE(doc.Write("A", "z", "3"));
-    EXPECT_EQ(doc.Bytes(), "[a]\r\nx=1\r\nz=3\r\n\r\n\r\n[b]\r\ny=2\r\n");
+    EXPECT_EQ(doc.Bytes(), "[a]\r\nx=1\r\nz=3\r\n\r\n \t\r\n[b]\r\ny=2\r\n");
     EXPECT_TRUE(doc.Write("b", "w", "4"));
-    EXPECT_EQ(doc.Bytes(), "[a]\r\nx=1\r\nz=3\r\n\r\n\r\n[b]\r\ny=2\r\nw=4\r\n");
-    EXPECT_EQ(doc.Read("b", "y", ""), "2");
+    EXPECT_EQ(doc.Bytes(), "[a]\r\nx=1\r\nz=3\r\n\r\n \t\r\n[b]\r\ny=2\r\nw=4\r\n");
+    // Indexes after the insertion moved with it.
+    EXPECT_TRUE(doc.Write("a", "v", "5"));
+    EXPECT_TRUE(doc.Write("b", "y", "6"));
+    EXPECT_EQ(doc.Bytes(), "[a]\r\nx=1\r\nz=3\r\nv=5\r\n\r\n \t\r\n[b]\r\ny=6\r\nw=4\r\n");
+}
+
+TEST(IniDocument, InsertingAfterALastLineWithoutLineEndEndsItFirst) {
+    IniDocument doc("[a]\r\nx=1");
+    doc.Write("a", "y", "2");
+    EXPECT_EQ(doc.Bytes(), "[a]\r\nx=1\r\ny=2\r\n");
+}
+
+TEST(IniDocument, NewSectionIsAppendedWithoutABlankLine) {
+    IniDocument empty;
+    empty.Write("s", "k", "v");
+    EXPECT_EQ(empty.Bytes(), "[s]\r\nk=v\r\n");
+
+    IniDocument unterminated("; note");
+    unterminated.Write("s", "k", "v");
+    EXPECT_EQ(unterminated.Bytes(), "; note\r\n[s]\r\nk=v\r\n");
+
+    IniDocument lfEnded("[a]\nx=1\n");
+    lfEnded.Write("b", "k", "v");
+    EXPECT_EQ(lfEnded.Bytes(), "[a]\nx=1\n[b]\r\nk=v\r\n");
+}
+
+TEST(IniDocument, WriteEscapesOnlyTheCrLfPair) {
+    IniDocument doc;
+    doc.Write("s", "k", "one\r\ntwo\nthree\rfour");
+    EXPECT_EQ(doc.Bytes(), "[s]\r\nk=one/20&\\two\nthree\rfour\r\n");
+}
+
+TEST(IniDocument, UntouchedLinesKeepTheirBytes) {
+    const std::string original =
+        "junk before\r\n[a]\r\n; comment\r\nno equals sign\n\"q\"=\"x\"\r\n";
+    IniDocument doc(original);
+    EXPECT_EQ(doc.Bytes(), original);
+    EXPECT_EQ(doc.Read("a", "\"q\"", ""), "\"x\""); // no quote stripping
 }

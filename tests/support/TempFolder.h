@@ -1,16 +1,17 @@
 #pragma once
 // A fresh folder under the system's temporary folder, removed with everything in it.
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
 #include <string_view>
-#include <cstdlib>
 
 class TempFolder {
 public:
     TempFolder() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "orrindel-test-XXXXXX").string();
+        std::string pattern =
+            (std::filesystem::temp_directory_path() / "orrindel-test-XXXXXX").string();
         path_ = ::mkdtemp(pattern.data());
     }
     TempFolder(const TempFolder&) = delete;

@@ -1,0 +1,115 @@
+#include "core/modFunctions.h"
+#include "core/names.h"
+#include "core/platform.h"
+#include "core/txtReadWrite.h"
+#include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
+#include <regex>
+
+using namespace modFunctions;
+
+class ProjectTest : public ::testing::Test {
+protected:
+    void SetUp() override { EnsureProjectsFolder(app.path()); }
+    std::string Registry() const { return RegistryPath(app.path(), "Alpha"); }
+    std::string RegistryBytes() const {
+        return TempFolder::Read(app / "projects/Alpha/misc/factions.ini");
+    }
+    TempFolder app;
+};
+
+TEST_F(ProjectTest, CreateMakesTheTreeAndRefusesAnExistingProject) {
+    CreateProjectFolders(app.path(), "Alpha");
+    for (const char* sub :
+         {"emphaty/new", "faction_prop", "initialworld", "XML", "Protocol", "compiled", "misc"})
+        EXPECT_TRUE(std::filesystem::is_directory(app / (std::string("projects/Alpha/") + sub)))
+            << sub;
+    EXPECT_THROW(CreateProjectFolders(app.path(), "Alpha"), platform::FileError);
+    EXPECT_THROW(CreateProjectFolders(app.path(), "a/b"), names::NameRefused);
+    EXPECT_EQ(FindProject(app.path(), "ALPHA"), "Alpha");
+    DeleteProjectFolder(app.path(), "Alpha");
+    EXPECT_TRUE(ListProjects(app.path()).empty());
+}
+
+TEST_F(ProjectTest, ProjectListIsSortedIgnoringCase) {
+    for (const char* name : {"fc_bd_grp", "Beta", "fc_b_grp", "alpha", "Fc_1"})
+        CreateProjectFolders(app.path(), name);
+    TempFolder::Write(app / "projects/not-a-folder", "x");
+    EXPECT_EQ(ListProjects(app.path()),
+              (std::vector<std::string>{"alpha", "Beta", "Fc_1", "fc_b_grp", "fc_bd_grp"}));
+}
+
+TEST_F(ProjectTest, ProtocolEntriesAreSeparatedByAnEmptyLineAndFindTheProtocolFolder) {
+    CreateProjectFolders(app.path(), "Alpha");
+    WriteProtocol(app.path(), "Alpha", "Project created.");
+    WriteProtocol(app.path(), "Alpha", "Emphaty.ini compiled...");
+    const std::string text = TempFolder::Read(app / "projects/Alpha/Protocol/protocol.txt");
+    const std::regex entry("[^\r\n]+    [^\r\n]+: Project created\\.\r\n\r\n[^\r\n]+    [^\r\n]+: "
+                           "Emphaty\\.ini compiled\\.\\.\\.\r\n\r\n");
+    EXPECT_TRUE(std::regex_match(text, entry)) << text;
+    // With no active project the protocol folder does not exist: the error reaches the caller.
+    EXPECT_THROW(WriteProtocol(app.path(), "", "Project created."), platform::FileError);
+}
+
+TEST_F(ProjectTest, RegistryLoadsSectionLinesInFileOrder) {
+    CreateProjectFolders(app.path(), "Alpha");
+    TempFolder::Write(
+        app / "projects/Alpha/misc/factions.ini",
+        "[b_grp]\r\ngrp=Bees\r\nRep=0.5\r\n [skipped]\r\n[we[ir]d]\r\n\r\n[a_grp]\r\n");
+    const auto entries = LoadRegistry(Registry());
+    ASSERT_EQ(entries.size(), 3u);
+    EXPECT_EQ(entries[0].nickname, "b_grp");
+    EXPECT_EQ(entries[0].group, "Bees");
+    EXPECT_EQ(entries[0].rep, "0.5");
+    EXPECT_EQ(entries[1].nickname, "weird");
+    EXPECT_EQ(entries[2].nickname, "a_grp");
+    EXPECT_EQ(entries[2].group, "[ERROR]");
+    EXPECT_EQ(entries[2].rep, "0.0");
+    EXPECT_THROW(LoadRegistry(RegistryPath(app.path(), "Nobody")), platform::FileError);
+}
+
+TEST_F(ProjectTest, SaveAddsAtTheEndAndRegroupsInPlace) {
+    CreateProjectFolders(app.path(), "Alpha");
+    EXPECT_EQ(SaveFaction(app.path(), "Alpha", "  ", "x"), "");
+    EXPECT_FALSE(platform::IsFile(Registry()));
+    EXPECT_EQ(SaveFaction(app.path(), "Alpha", "li_n_grp", " "), "li_n_grp");
+    SaveFaction(app.path(), "Alpha", "fc_b_grp", "Outcasts");
+    SaveFaction(app.path(), "Alpha", "li_n_grp", "Navy");
+    EXPECT_EQ(RegistryBytes(), "[li_n_grp]\r\ngrp=Navy\r\n[fc_b_grp]\r\ngrp=Outcasts\r\n");
+    EXPECT_THROW(SaveFaction(app.path(), "Alpha", "bad]name", "x"), names::NameRefused);
+}
+
+TEST_F(ProjectTest, DeletingTheOnlyFactionLeavesThreeLineEnds) {
+    CreateProjectFolders(app.path(), "Alpha");
+    SaveFaction(app.path(), "Alpha", "li_n_grp", "Navy");
+    TempFolder::Write(app / "projects/Alpha/emphaty/new/reps_li_n_grp.facts", "x");
+    TempFolder::Write(app / "projects/Alpha/faction_prop/Shiplist_li_n_grp.lst", "x");
+    TempFolder::Write(app / "projects/Alpha/faction_prop/Shiplist_other.lst", "x");
+    DeleteFaction(app.path(), "Alpha", "li_n_grp", "Navy");
+    EXPECT_EQ(RegistryBytes(), "\r\n\r\n\r\n");
+    EXPECT_FALSE(std::filesystem::exists(app / "projects/Alpha/emphaty/new/reps_li_n_grp.facts"));
+    EXPECT_FALSE(
+        std::filesystem::exists(app / "projects/Alpha/faction_prop/Shiplist_li_n_grp.lst"));
+    EXPECT_TRUE(std::filesystem::exists(app / "projects/Alpha/faction_prop/Shiplist_other.lst"));
+}
+
+TEST(RegistryWithoutFaction, EmptiesOnlyTheFactionsOwnTwoLines) {
+    const std::string text =
+        "[a]\r\ngrp=Shared\r\n[b]\r\nRep=1\r\ngrp=Shared\r\n[c]\r\ngrp=Shared\r\n";
+    EXPECT_EQ(RegistryWithoutFaction(text, "b", "Shared"),
+              "[a]\r\ngrp=Shared\r\n\r\nRep=1\r\n\r\n[c]\r\ngrp=Shared\r\n");
+    // A group line written with blanks is not the exact line and stays.
+    EXPECT_EQ(RegistryWithoutFaction("[a]\ngrp = G\n", "a", "G"), "\ngrp = G\n");
+}
+
+TEST(ListFiles, EmptyLinesAreSkippedAndBlankOnesKept) {
+    TempFolder dir;
+    TempFolder::Write(dir / "Shiplist_x.lst", "one\r\n  \r\n\r\ntwo\r\n\r\n");
+    EXPECT_EQ(LoadListFile(dir.path() + "\\shiplist_X.LST"),
+              (std::vector<std::string>{"one", "  ", "two"}));
+    EXPECT_TRUE(LoadListFile(dir / "none.lst").empty());
+    EXPECT_TRUE(FileExists(dir.path() + "\\SHIPLIST_x.lst"));
+    EXPECT_FALSE(FileExists(dir.path()));
+    EXPECT_FALSE(FileExists(dir / "none.lst"));
+}
