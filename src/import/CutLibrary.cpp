@@ -1,0 +1,121 @@
+#include "import/CutLibrary.h"
+
+#include "core/IniDocument.h"
+#include "core/names.h"
+#include "core/platform.h"
+#include "core/txtReadWrite.h"
+#include "core/win1252.h"
+
+#include <set>
+
+namespace importer {
+namespace {
+
+std::vector<std::string_view> Lines(std::string_view bytes) {
+    std::vector<std::string_view> lines;
+    std::size_t pos = 0;
+    while (pos < bytes.size()) {
+        const std::size_t lf = bytes.find('\n', pos);
+        if (lf == std::string_view::npos) {
+            lines.push_back(bytes.substr(pos));
+            break;
+        }
+        const std::size_t end = (lf > pos && bytes[lf - 1] == '\r') ? lf - 1 : lf;
+        lines.push_back(bytes.substr(pos, end - pos));
+        pos = lf + 1;
+    }
+    return lines;
+}
+
+std::string Joined(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines)
+        text += line + "\r\n";
+    return text;
+}
+
+void EnsureFolder(const std::string& path) {
+    if (!platform::IsDirectory(path))
+        platform::CreateFolder(path);
+}
+
+struct Kind {
+    const std::optional<std::string>& source;
+    std::string_view header;
+    std::string_view key;
+    std::string_view subsystem;
+    std::vector<std::string> CutResult::*names;
+};
+
+} // namespace
+
+std::vector<CutBlock> CutBlocks(std::string_view text, std::string_view header,
+                                std::string_view key) {
+    std::vector<CutBlock> blocks;
+    for (const std::string_view line : Lines(text)) {
+        if (line == header)
+            blocks.emplace_back();
+        if (!blocks.empty())
+            blocks.back().lines.emplace_back(line);
+    }
+    const std::string section(header.substr(1, header.size() - 2));
+    for (CutBlock& block : blocks) {
+        while (!block.lines.empty() && block.lines.back().empty())
+            block.lines.pop_back();
+        std::string bytes;
+        for (const std::string& line : block.lines)
+            bytes += line + "\r\n";
+        block.name = IniDocument(bytes).Read(section, key, "");
+    }
+    return blocks;
+}
+
+CutResult CutLibrary(const std::string& libraryRoot, const CutSources& sources) {
+    const Kind kinds[] = {
+        {sources.emphaty, "[RepChangeEffects]", "group", "emphaty", &CutResult::reputation},
+        {sources.factionProp, "[FactionProps]", "affiliation", "faction_prop",
+         &CutResult::factionProp},
+        {sources.initialWorld, "[Group]", "nickname", "initialworld", &CutResult::initialWorld},
+    };
+
+    CutResult result;
+    std::vector<std::pair<std::string, std::string>> files; // path, text
+    for (const Kind& kind : kinds) {
+        if (!kind.source)
+            continue;
+        const std::string& source = *kind.source;
+        if (!platform::IsFile(source))
+            throw CutError(win1252::ToUtf8(source) + ": the file does not exist");
+        const std::string folder =
+            libraryRoot + "\\" + std::string(kind.subsystem) + "\\original_factions";
+        std::set<std::string> seen;
+        for (const CutBlock& block :
+             CutBlocks(txtReadWrite::ReadFileText(source), kind.header, kind.key)) {
+            const std::string where = win1252::ToUtf8(source) + ", block " +
+                                      std::to_string((result.*kind.names).size() + 1);
+            if (const auto reason = names::Refusal(block.name))
+                throw CutError(where + ": the " + std::string(kind.key) + " \"" +
+                               win1252::ToUtf8(block.name) + "\" is refused: " + *reason);
+            if (!seen.insert(names::Folded(block.name)).second)
+                throw CutError(where + ": \"" + win1252::ToUtf8(block.name) +
+                               "\" has a block already");
+            files.emplace_back(folder + "\\" + block.name, Joined(block.lines));
+            (result.*kind.names).push_back(block.name);
+        }
+    }
+
+    for (const Kind& kind : kinds) {
+        if (!kind.source)
+            continue;
+        EnsureFolder(libraryRoot);
+        EnsureFolder(libraryRoot + "\\" + std::string(kind.subsystem));
+        EnsureFolder(libraryRoot + "\\" + std::string(kind.subsystem) + "\\original_factions");
+    }
+    platform::StagedReplacement replacement;
+    for (const auto& [path, text] : files)
+        replacement.Stage(path, text);
+    replacement.Commit();
+    return result;
+}
+
+} // namespace importer

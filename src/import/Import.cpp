@@ -1,0 +1,159 @@
+#include "import/Import.h"
+
+#include "core/names.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace importer {
+namespace {
+
+std::string InFolder(const std::string& folder, std::string_view name) {
+    return folder + "\\" + std::string(name);
+}
+
+// The event names that carry meaning and their keys in the event file.
+constexpr std::pair<std::string_view, std::string_view> EventKeys[] = {
+    {"object_destruction", "o_d"},
+    {"random_mission_success", "r_m_s"},
+    {"random_mission_failure", "r_m_f"},
+    {"random_mission_abortion", "r_m_a"},
+};
+
+// The library keys' names in the project's property file, by FactionPropKeys.
+constexpr std::array<std::string_view, 14> ProjectPropKeys = {
+    "Legality",         "plurality", "msg_id_prefix", "mc_costume",      "firstname_male",
+    "firstname_female", "lastname",  "rank_desig",    "formation_desig", "large_ship_desig",
+    "large_ship_names", "jump",      "scan_chance",   "scan_announce"};
+
+std::string ListText(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines) {
+        text += line;
+        text += "\r\n";
+    }
+    return text;
+}
+
+void CheckName(std::string_view nickname, const std::string& path) {
+    if (const auto reason = names::Refusal(nickname))
+        throw LibraryError(path, 0, "the library name is refused: " + *reason);
+}
+
+OriginalFaction ReadFrom(std::string_view appDir, std::string_view reputationName,
+                         std::string_view propName, std::string_view worldName) {
+    OriginalFaction faction;
+    faction.nickname = std::string(reputationName);
+    const std::string reputationPath = InFolder(ReputationFolder(appDir), reputationName);
+    CheckName(reputationName, reputationPath);
+    faction.reputation = ReadOriginalReputation(reputationPath);
+    faction.props = ReadOriginalFactionProps(InFolder(FactionPropFolder(appDir), propName));
+    faction.world = ReadOriginalInitialWorld(InFolder(InitialWorldFolder(appDir), worldName));
+    return faction;
+}
+
+} // namespace
+
+OriginalFaction ReadOriginalFaction(std::string_view appDir, std::string_view nickname) {
+    return ReadFrom(appDir, nickname, nickname, nickname);
+}
+
+void WriteOriginalFaction(txtReadWrite::Transaction& transaction, const OriginalFaction& faction,
+                          const std::string& projectFolder) {
+    const std::string& n = faction.nickname;
+    const auto path = [&](std::string_view piece) { return projectFolder + std::string(piece); };
+
+    transaction.WriteIni(n, "grp", faction.reputation.group, path("\\misc\\factions.ini"));
+
+    const std::string eventFile = path("\\emphaty\\new\\grp.ini");
+    for (const EventEntry& event : faction.reputation.events)
+        for (const auto& [name, key] : EventKeys)
+            if (event.name == name)
+                transaction.WriteIni(n, key, event.value, eventFile);
+
+    std::string empathy;
+    for (const EmpathyEntry& entry : faction.reputation.empathy)
+        empathy += "[" + entry.nickname + "]\r\nrep=" + entry.value + "\r\n";
+    transaction.WriteFileText(path("\\emphaty\\new\\reps_" + n + ".facts"), empathy);
+
+    const std::string propFile = path("\\faction_prop\\grp.ini");
+    for (std::size_t i = 0; i < ProjectPropKeys.size(); ++i)
+        transaction.WriteIni(n, ProjectPropKeys[i], faction.props.values[i], propFile);
+
+    const OriginalFactionProps& props = faction.props;
+    transaction.WriteFileText(path("\\faction_prop\\Shiplist_" + n + ".lst"),
+                              ListText(props.ships));
+    transaction.WriteFileText(path("\\faction_prop\\Voicelist_" + n + ".lst"),
+                              ListText(props.voices));
+    transaction.WriteFileText(path("\\faction_prop\\Bodylist_" + n + ".lst"),
+                              ListText(props.bodyParts));
+    transaction.WriteFileText(path("\\faction_prop\\Scanlist_" + n + ".lst"),
+                              ListText(props.scans));
+    transaction.WriteFileText(path("\\faction_prop\\Formationlist_" + n + ".lst"),
+                              ListText(props.formations));
+
+    const std::string worldFile = path("\\initialworld\\grp.ini");
+    transaction.WriteIni(n, "ids_name", faction.world.idsName, worldFile);
+    transaction.WriteIni(n, "ids_info", faction.world.idsInfo, worldFile);
+    transaction.WriteIni(n, "ids_short_name", faction.world.idsShortName, worldFile);
+    for (const StartingReputation& entry : faction.world.reputations)
+        transaction.WriteIni(n, entry.nickname, entry.value, worldFile);
+}
+
+void ImportOriginalFaction(std::string_view appDir, std::string_view nickname,
+                           const std::string& projectFolder) {
+    const OriginalFaction faction = ReadOriginalFaction(appDir, nickname);
+    txtReadWrite::Transaction transaction;
+    WriteOriginalFaction(transaction, faction, projectFolder);
+    transaction.Commit();
+}
+
+ImportAllResult ImportAllOriginalFactions(std::string_view appDir, const std::string& projectFolder,
+                                          const ImportProgress& progress) {
+    const std::vector<std::string> entries = ListOriginalFactions(ReputationFolder(appDir));
+    // The other folders' own spellings of each name, found without regard to case.
+    const auto spellings = [](const std::string& folder) {
+        std::vector<std::string> list = ListOriginalFactions(folder);
+        std::vector<std::pair<std::string, std::string>> byFolded;
+        byFolded.reserve(list.size());
+        for (std::string& name : list)
+            byFolded.emplace_back(names::Folded(name), std::move(name));
+        std::sort(byFolded.begin(), byFolded.end());
+        return byFolded;
+    };
+    const auto propNames = spellings(FactionPropFolder(appDir));
+    const auto worldNames = spellings(InitialWorldFolder(appDir));
+    const auto spelled = [](const auto& byFolded, const std::string& name) {
+        const std::string folded = names::Folded(name);
+        const auto it = std::lower_bound(byFolded.begin(), byFolded.end(),
+                                         std::pair<std::string, std::string>{folded, {}});
+        return (it != byFolded.end() && it->first == folded) ? it->second : name;
+    };
+
+    ImportAllResult result;
+    std::vector<OriginalFaction> good;
+    good.reserve(entries.size());
+    for (const std::string& name : entries) {
+        try {
+            good.push_back(
+                ReadFrom(appDir, name, spelled(propNames, name), spelled(worldNames, name)));
+        } catch (const LibraryError& error) {
+            result.refused.push_back(error);
+            good.push_back({}); // keeps the position for the progress value
+        }
+    }
+
+    progress.setMaximum(entries.empty() ? 0 : static_cast<int>(entries.size()) - 1);
+    txtReadWrite::Transaction transaction;
+    for (std::size_t i = 0; i < good.size(); ++i) {
+        if (!good[i].nickname.empty()) {
+            WriteOriginalFaction(transaction, good[i], projectFolder);
+            result.imported.push_back(good[i].nickname);
+        }
+        progress.setValue(static_cast<int>(i));
+    }
+    transaction.Commit();
+    return result;
+}
+
+} // namespace importer

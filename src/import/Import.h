@@ -1,0 +1,55 @@
+#pragma once
+// Copying library factions into a project: one faction (the import dialog, `import`) or the
+// whole library (`import-all`). Every entry is read and checked completely before anything
+// is written, and the writes of one run reach the disk together or not at all.
+#include "core/txtReadWrite.h"
+#include "import/OriginalLibrary.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace importer {
+
+// The three files of one library entry, read and checked.
+struct OriginalFaction {
+    std::string nickname;
+    OriginalReputation reputation;
+    OriginalFactionProps props;
+    OriginalInitialWorld world;
+};
+
+// Reads the entry named nickname from the three library folders of appDir. Throws
+// LibraryError for a refused name, a missing file or a malformed line.
+OriginalFaction ReadOriginalFaction(std::string_view appDir, std::string_view nickname);
+
+// Adds the per-faction writes of one faction to a transaction; projectFolder is
+// <app dir>\projects\<project>.
+void WriteOriginalFaction(txtReadWrite::Transaction& transaction, const OriginalFaction& faction,
+                          const std::string& projectFolder);
+
+// Reads, checks and imports one faction. Throws LibraryError (nothing written),
+// IniWriteError or platform::FileError (nothing written either).
+void ImportOriginalFaction(std::string_view appDir, std::string_view nickname,
+                           const std::string& projectFolder);
+
+// Progress of import all: the maximum once, then the value after each entry.
+struct ImportProgress {
+    std::function<void(int)> setMaximum = [](int) {};
+    std::function<void(int)> setValue = [](int) {};
+};
+
+struct ImportAllResult {
+    std::vector<std::string> imported; // nicknames, in list order
+    std::vector<LibraryError> refused; // in list order
+};
+
+// Imports every library entry (the reputation folder's list, each entry's files paired by
+// name) into the project. Every entry is checked first; refused ones are skipped and
+// returned. The good ones are written in one transaction. The progress maximum is n - 1
+// (0 for an empty library) and the value after entry i is i; resetting it is the caller's.
+ImportAllResult ImportAllOriginalFactions(std::string_view appDir, const std::string& projectFolder,
+                                          const ImportProgress& progress = {});
+
+} // namespace importer
