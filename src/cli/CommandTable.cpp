@@ -12,6 +12,10 @@ int RunRemoveFaction(const Arguments&, Context&);
 int RunIniGet(const Arguments&, Context&);
 int RunIniSet(const Arguments&, Context&);
 int RunCompile(const Arguments&, Context&);
+int RunLibrary(const Arguments&, Context&);
+int RunImport(const Arguments&, Context&);
+int RunImportAll(const Arguments&, Context&);
+int RunCutLibrary(const Arguments&, Context&);
 
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
@@ -26,6 +30,12 @@ const std::vector<Command>& Commands() {
         {"ini-set", "FILE SECTION KEY VALUE", "write one INI value", RunIniSet},
         {"compile", "PROJECT [emphaty|faction_prop|initialworld]...",
          "compile the project's game files (all when none is named)", RunCompile},
+        {"library", "", "the original faction library's entries, one per line", RunLibrary},
+        {"import", "PROJECT NICK...", "import library factions; \"Original imported...\" per faction",
+         RunImport},
+        {"import-all", "PROJECT", "import the whole library; refused entries on stderr", RunImportAll},
+        {"cut-library", "--into LIBDIR [--emphaty F] [--faction-prop F] [--initialworld F]",
+         "cut library entries from compiled game files", RunCutLibrary},
     };
     return commands;
 }

@@ -4,7 +4,6 @@
 #include "core/names.h"
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
-#include "core/win1252.h"
 
 #include <set>
 
@@ -85,20 +84,19 @@ CutResult CutLibrary(const std::string& libraryRoot, const CutSources& sources) 
             continue;
         const std::string& source = *kind.source;
         if (!platform::IsFile(source))
-            throw CutError(win1252::ToUtf8(source) + ": the file does not exist");
+            throw CutError(source + ": the file does not exist");
         const std::string folder =
             libraryRoot + "\\" + std::string(kind.subsystem) + "\\original_factions";
         std::set<std::string> seen;
         for (const CutBlock& block :
              CutBlocks(txtReadWrite::ReadFileText(source), kind.header, kind.key)) {
-            const std::string where = win1252::ToUtf8(source) + ", block " +
-                                      std::to_string((result.*kind.names).size() + 1);
+            const std::string where =
+                source + ", block " + std::to_string((result.*kind.names).size() + 1);
             if (const auto reason = names::Refusal(block.name))
-                throw CutError(where + ": the " + std::string(kind.key) + " \"" +
-                               win1252::ToUtf8(block.name) + "\" is refused: " + *reason);
+                throw CutError(where + ": the " + std::string(kind.key) + " \"" + block.name +
+                               "\" is refused: " + *reason);
             if (!seen.insert(names::Folded(block.name)).second)
-                throw CutError(where + ": \"" + win1252::ToUtf8(block.name) +
-                               "\" has a block already");
+                throw CutError(where + ": \"" + block.name + "\" has a block already");
             files.emplace_back(folder + "\\" + block.name, Joined(block.lines));
             (result.*kind.names).push_back(block.name);
         }

@@ -1,0 +1,53 @@
+#include "cli/Command.h"
+#include "core/modFunctions.h"
+#include "core/names.h"
+#include "core/platform.h"
+#include "core/txtReadWrite.h"
+#include "core/win1252.h"
+#include "import/Import.h"
+
+namespace cli {
+
+// Imports each named library faction as the dialog's Import button does, protocol line
+// included. A refused entry is reported and the others still go in.
+int RunImport(const Arguments& args, Context& context) {
+    if (args.size() < 2)
+        return UsageError(*FindCommand("import"), context);
+    const auto project = ExistingProject(context, args[0]);
+    if (!project)
+        return Failed;
+    const auto library = importer::ListOriginalFactions(importer::ReputationFolder(context.appDir));
+    const std::string folder = modFunctions::ProjectPath(context.appDir, *project);
+    int result = Ok;
+    for (std::size_t i = 1; i < args.size(); ++i) {
+        const auto typed = CheckedName(context, args[i], "nickname");
+        if (!typed) {
+            result = Failed;
+            continue;
+        }
+        // The library's own spelling names the faction in the project.
+        std::string nickname;
+        for (const std::string& entry : library)
+            if (names::EqualIgnoringCase(entry, *typed))
+                nickname = entry;
+        if (nickname.empty()) {
+            result = Failure(context, "\"" + args[i] + "\" is not in the original faction library");
+            continue;
+        }
+        try {
+            importer::ImportOriginalFaction(context.appDir, nickname, folder);
+        } catch (const importer::LibraryError& error) {
+            result = Failure(context, win1252::ToUtf8(error.what()));
+            continue;
+        } catch (const std::exception& error) {
+            result =
+                Failure(context, win1252::ToUtf8(nickname) + " not imported, nothing written: " +
+                                     win1252::ToUtf8(error.what()));
+            continue;
+        }
+        modFunctions::WriteProtocol(context.appDir, *project, "Original imported...");
+    }
+    return result;
+}
+
+} // namespace cli
