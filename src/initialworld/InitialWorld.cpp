@@ -1,0 +1,53 @@
+#include "initialworld/InitialWorld.h"
+
+#include "core/txtReadWrite.h"
+
+namespace initialworld {
+
+namespace {
+// A file that cannot be read reads like a missing one, as single INI reads do.
+std::shared_ptr<const IniDocument> Load(const std::string& file) {
+    try {
+        return txtReadWrite::LoadIni(file);
+    } catch (const std::exception&) {
+        return std::make_shared<const IniDocument>();
+    }
+}
+} // namespace
+
+std::string DataFile(std::string_view projectFolder) {
+    return std::string(projectFolder) + "\\initialworld\\grp.ini";
+}
+
+Ids ReadIds(const std::string& file, std::string_view faction) {
+    const auto document = Load(file);
+    return {document->Read(faction, IdsName, MissingIds),
+            document->Read(faction, IdsShortName, MissingIds),
+            document->Read(faction, IdsInfo, MissingIds)};
+}
+
+void WriteIds(const std::string& file, std::string_view faction, std::string_view key,
+              std::string_view value) {
+    txtReadWrite::WriteIni(faction, key, value, file);
+}
+
+std::vector<std::string> ReadReputations(const std::string& file, std::string_view faction,
+                                         const std::vector<std::string>& rows) {
+    const auto document = Load(file);
+    std::vector<std::string> values;
+    values.reserve(rows.size());
+    for (const std::string& row : rows)
+        values.push_back(document->Read(faction, row, ""));
+    return values;
+}
+
+void WriteReputation(const std::string& file, std::string_view faction, std::string_view other,
+                     std::string_view value, bool mirror) {
+    txtReadWrite::Transaction transaction;
+    transaction.WriteIni(faction, other, value, file);
+    if (mirror)
+        transaction.WriteIni(other, faction, value, file);
+    transaction.Commit();
+}
+
+} // namespace initialworld

@@ -1,0 +1,87 @@
+#include "initialworld/InitialWorldCompiler.h"
+
+#include "core/IniDocument.h"
+#include "core/txtReadWrite.h"
+#include "initialworld/InitialWorld.h"
+
+namespace initialworld {
+
+namespace {
+
+constexpr std::string_view CrLf = "\r\n";
+
+// The fragment is pasted into the game's own file by hand; the comment block tells the modder
+// where, and four empty lines follow it. The German line is Windows-1252 bytes (0xFC: u-umlaut).
+constexpr std::string_view Header = "//Warning: The Orrindel 2.0 can't know your (modded) system "
+                                    "properties.\r\n"
+                                    "//Add these above the reputationlist before you use this "
+                                    "file\r\n"
+                                    "\r\n"
+                                    "//Achtung: Der Orrindel 2.0 kann deine (gemoddeten) "
+                                    "Systemeigenschaften nicht wissen.\r\n"
+                                    "//F\xFC"
+                                    "ge diese \xFC"
+                                    "ber die Reputation-Liste ein, bevor du diese Datei "
+                                    "benutzt.\r\n"
+                                    "\r\n\r\n\r\n\r\n";
+
+template <typename F, typename... Args> void Notify(const F& callback, Args... args) {
+    if (callback)
+        callback(args...);
+}
+
+} // namespace
+
+std::string CompiledFile(std::string_view projectFolder) {
+    return std::string(projectFolder) + "\\compiled\\initialworld.ini";
+}
+
+std::string CompiledText(const IniDocument& data, const std::vector<std::string>& factions,
+                         const std::vector<std::string>& rows, const CompileProgress& progress) {
+    std::size_t rowBytes = 0;
+    for (const std::string& row : rows)
+        rowBytes += row.size() + 16;
+    std::string text(Header);
+    text.reserve(Header.size() + factions.size() * (rowBytes + 96));
+
+    Notify(progress.started, factions.size());
+    for (std::size_t i = 0; i < factions.size(); ++i) {
+        const std::string& faction = factions[i];
+        text += "[Group]\r\nnickname = ";
+        text += faction;
+        text += "\r\nids_name = ";
+        text += data.Read(faction, IdsName, "");
+        text += "\r\nids_info = ";
+        text += data.Read(faction, IdsInfo, "");
+        text += "\r\nids_short_name = ";
+        text += data.Read(faction, IdsShortName, "");
+        text += CrLf;
+        Notify(progress.factionStarted, rows.size());
+        for (std::size_t j = 0; j < rows.size(); ++j) {
+            Notify(progress.rowDone, j + 1);
+            text += "rep = ";
+            text += data.Read(faction, rows[j], "0.0");
+            text += ", ";
+            text += rows[j];
+            text += CrLf;
+        }
+        text += CrLf;
+        Notify(progress.factionDone, i + 1);
+    }
+    return text;
+}
+
+void CompileInitialWorld(std::string_view projectFolder, const std::vector<std::string>& factions,
+                         const std::vector<std::string>& rows, const CompileProgress& progress) {
+    std::shared_ptr<const IniDocument> data;
+    try {
+        data = txtReadWrite::LoadIni(DataFile(projectFolder));
+    } catch (const std::exception&) {
+        // Unreadable reads like missing: every value takes its default.
+        data = std::make_shared<const IniDocument>();
+    }
+    txtReadWrite::WriteFileText(CompiledFile(projectFolder),
+                                CompiledText(*data, factions, rows, progress));
+}
+
+} // namespace initialworld
