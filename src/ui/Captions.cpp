@@ -1,0 +1,130 @@
+#include "ui/Captions.h"
+
+#include "ui/VantelButton.h"
+
+#include <QAbstractButton>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTabWidget>
+
+namespace captions {
+namespace {
+
+using enum Setting;
+
+// clang-format off
+constexpr Row Rows[] = {
+    {"Label15", Caption, 0, "Doppelklicken um den selektierten Eintrag zu entfernen.", "Doubleclick to remove selected entry."},
+    {"Label16", Caption, 0, "Doppelklicken um den selektierten Eintrag zu entfernen.", "Doubleclick to remove selected entry."},
+    {"Label17", Caption, 0, "Doppelklicken um den selektierten Eintrag zu entfernen.", "Doubleclick to remove selected entry."},
+    {"Label19", Caption, 0, "Doppelklicken um den selektierten Eintrag zu entfernen.", "Doubleclick to remove selected entry."},
+    {"SSTab1", PageCaption, 0, "Projektmanager", "Projectmanager"},
+    {"VantelButton1", Caption, 0, "&Beenden", "&Exit"},
+    {"VantelButton2", Caption, 0, "Englische Version", "German Version"},
+    {"lbl_emphaty_object_destruction", ToolTipText, 0, "Wertänderung bei zerstörtem Schiff dieser Fraktion", "Rep-change to this faction if you destroying a ship of them"},
+    {"Label3", Caption, 0, "Gruppenname", "Groupname"},
+    {"lbl_emphaty_rms", ToolTipText, 0, "Wertänderung bei einer erfolgreich ausgeführten Zufalls-Mission", "Rep-change for a successed random-mission"},
+    {"lbl_emphaty_rmf", ToolTipText, 0, "Wertänderung bei fehlgeschlagener Zufalls-Mission", "Rep-change for failured random-mission"},
+    {"lbl_emphaty_rma", ToolTipText, 0, "Wertänderung bei abgebrochener Zufalls-Mission", "Rep-change for an aborted random-mission"},
+    {"VantelButton4", Caption, 0, "Aktualisieren", "Refresh"},
+    {"VantelButton5", Caption, 0, "Löschen", "Delete"},
+    {"VantelButton6", Caption, 0, "Laden", "Load"},
+    {"VantelButton7", Caption, 0, "Neu...", "New..."},
+    {"Frame1", Caption, 0, "Projektmanager", "Projectmanager"},
+    {"Frame2", Caption, 0, "Fraktionen bearbeiten", "Edit factions"},
+    {"txtdateiname", Text, 0, "Projektname", "Projectname"},
+    {"Label1", Caption, 0, "Scroll-Tempo", "Scroll-speed"},
+    {"Label4", ToolTipText, 0, "Zwischen 'Projektexplorer' und 'Fraktionen bearbeiten' wechseln", "Switching between 'projectmanager' and 'edit factions'"},
+    {"btnCreateXML", Caption, 0, "Generiere XML", "Generate XML"},
+    {"Check1", Caption, 0, "Header benutzen", "Use header"},
+    {"Frame3", Caption, 0, "Header Einstellungen", "Header settings"},
+    {"txtHeadModName", ToolTipText, 0, "Name der Mod", "Name of your mod"},
+    {"txtHeadModAutor", ToolTipText, 0, "Autor", "Author"},
+    {"txtHeadModDescr", ToolTipText, 0, "Beschreibung der Mod", "Mod Description"},
+    {"btnEmphatySave", Caption, 0, "INI erstellen", "Create INI"},
+    {"btnnewfactiondel", Caption, 0, "&Löschen", "De&lete"},
+    {"btnnewfactionnew", Caption, 0, "Neu/Speichern", "New/Save"},
+    {"btnnewfactionreload", Caption, 0, "Neu einlesen", "Reload"},
+    {"frmnewFaction", Caption, 0, "Eigenschaften", "Abilitys"},
+    {"lblNoProject", Caption, 0, "Kein Projekt ausgewählt!", "No project selected!"},
+    {"lblAktuellEmp", Caption, 0, "Aktuell", "Actually"},
+    {"lblGesamtEmp", Caption, 0, "Gesamt", "Total"},
+    {"lblEmphatyList", Caption, 0, "Es ist normal, das sich die aktive Fraktion auch in der Liste befindet", "It's normal that the active faction is registered"},
+    {"btnImport", Caption, 0, "Importiere Original", "Import original"},
+    {"btnImportAll", Caption, 0, "Alle importieren", "Import all"},
+    {"VantelButton9", Caption, 0, "Neu", "Add"},
+    {"VantelButton10", Caption, 0, "Neu", "Add"},
+    {"VantelButton8", Caption, 0, "Neu...", "Add..."},
+    {"VantelButton11", Caption, 0, "Neu", "Add"},
+    {"VantelButton12", Caption, 0, "Neu", "Add"},
+    {"SSTab2", PageCaption, 0, "Schiffe", "Ships"},
+    {"SSTab2", PageCaption, 1, "Stimmen", "Voice"},
+    {"SSTab2", PageCaption, 2, "Körper", "Bodyparts"},
+    {"SSTab2", PageCaption, 3, "Scan", "Scaning for..."},
+    {"SSTab2", PageCaption, 4, "Formationen", "Formations"},
+    {"Label20", Caption, 0, "Vorname männlich (IDS)", "Firstname male (IDS)"},
+    {"Label21", Caption, 0, "Vorname weiblich (IDS)", "Firstname female (IDS)"},
+    {"Label22", Caption, 0, "Nachname (IDS)", "Lastname (IDS)"},
+    {"Label29", Caption, 0, "Fracht scannen?", "Scan cargo?"},
+    {"Label26", Caption, 0, "Gesamt", "Total"},
+    {"VantelButton13", Caption, 0, "INI erstellen", "Create INI"},
+    {"Label31", Caption, 0, "Aktuell", "Actually"},
+    {"Label25", Caption, 0, "Gesamt", "Total"},
+    {"btnCompileFP", Caption, 0, "INI erstellen", "Create INI"},
+    {"lblFactions", Caption, 0, "Fraktionen gesamt:", "Factions total:"},
+};
+// clang-format on
+
+void SetCaption(QWidget* widget, const QString& text) {
+    if (auto* button = qobject_cast<VantelButton*>(widget))
+        button->setCaption(text);
+    else if (auto* frame = qobject_cast<QGroupBox*>(widget))
+        frame->setTitle(text);
+    else if (auto* label = qobject_cast<QLabel*>(widget))
+        label->setText(text);
+    else if (auto* check = qobject_cast<QAbstractButton*>(widget))
+        check->setText(text);
+    else
+        widget->setProperty("text", text);
+}
+
+void Set(QWidget* widget, const Row& row, const QString& text) {
+    switch (row.what) {
+    case Caption:
+        SetCaption(widget, text);
+        break;
+    case ToolTipText:
+        widget->setToolTip(text);
+        break;
+    case Text:
+        if (auto* box = qobject_cast<QLineEdit*>(widget))
+            box->setText(text);
+        else
+            widget->setProperty("text", text);
+        break;
+    case PageCaption:
+        if (auto* tabs = qobject_cast<QTabWidget*>(widget); tabs && row.page < tabs->count())
+            tabs->setTabText(row.page, text);
+        break;
+    }
+}
+
+} // namespace
+
+std::span<const Row> Table() {
+    return Rows;
+}
+
+void Apply(QWidget& window, Language language) {
+    for (const Row& row : Rows) {
+        const QString text =
+            QString::fromUtf8(language == Language::German ? row.german : row.english);
+        if (window.objectName() == QLatin1String(row.control))
+            Set(&window, row, text);
+        for (QWidget* widget : window.findChildren<QWidget*>(QString::fromLatin1(row.control)))
+            Set(widget, row, text);
+    }
+}
+
+} // namespace captions

@@ -1,0 +1,35 @@
+#pragma once
+// The main window's two languages: one table of rows, applied by a loop. Controls are
+// found by objectName anywhere in the window, the hosted pages included.
+#include <span>
+
+class QWidget;
+
+namespace captions {
+
+enum class Language { German, English };
+
+enum class Setting {
+    Caption,     // label, frame, check box, image button
+    ToolTipText, // tool tip
+    Text,        // text box
+    PageCaption, // caption of one page of a tab strip
+};
+
+struct Row {
+    const char* control; // objectName
+    Setting what;
+    int page;            // PageCaption only
+    const char* german;  // UTF-8
+    const char* english; // UTF-8
+};
+
+std::span<const Row> Table();
+
+// Sets every row of the table to the language; rows whose control is absent are skipped.
+void Apply(QWidget& window, Language language);
+
+// The caption of VantelButton2 while the interface is German (it offers the other language).
+inline constexpr const char* OfferEnglish = "Englische Version";
+
+} // namespace captions
