@@ -2,6 +2,7 @@
 
 #include "cli/Command.h"
 #include "core/modFunctions.h"
+#include "reputation/EmphatyCompiler.h"
 
 namespace cli {
 namespace {
@@ -16,7 +17,13 @@ struct Compiler {
 
 const std::vector<Compiler>& Compilers() {
     // In this order when no file is named.
-    static const std::vector<Compiler> compilers = {};
+    static const std::vector<Compiler> compilers = {
+        {"emphaty",
+         [](const std::string& folder, const std::vector<std::string>& factions) {
+             reputation::CompileEmphaty(folder, factions, factions);
+         },
+         "Emphaty.ini compiled..."},
+    };
     return compilers;
 }
 

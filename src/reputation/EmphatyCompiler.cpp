@@ -1,0 +1,70 @@
+#include "reputation/EmphatyCompiler.h"
+
+#include "core/platform.h"
+#include "core/txtReadWrite.h"
+#include "reputation/ReputationFiles.h"
+
+namespace reputation {
+namespace {
+
+constexpr std::string_view CrLf = "\r\n";
+constexpr std::array<std::string_view, 4> EventPrefixes = {
+    "event = object_destruction, ", "event = random_mission_success, ",
+    "event = random_mission_failure, ", "event = random_mission_abortion, "};
+
+void AppendLine(std::string& out, std::string_view a, std::string_view b = {},
+                std::string_view c = {}, std::string_view d = {}) {
+    out.append(a).append(b).append(c).append(d).append(CrLf);
+}
+
+} // namespace
+
+std::string EmphatyText(const std::string& projectFolder, const std::vector<std::string>& factions,
+                        const std::vector<std::string>& rows, const ProgressCallback& progress) {
+    const auto events = txtReadWrite::LoadIni(EventFile(projectFolder));
+    std::string out;
+    CompileProgress at;
+    at.factions = factions.size();
+    at.rows = rows.size();
+    for (std::size_t i = 0; i < factions.size(); ++i) {
+        const std::string& g = factions[i];
+        at.faction = i;
+        // Each block is preceded by two line ends and followed by one.
+        out.append(CrLf).append(CrLf);
+        AppendLine(out, "[RepChangeEffects]");
+        AppendLine(out, "group = ", g);
+        for (std::size_t e = 0; e < EventKeys.size(); ++e)
+            AppendLine(out, EventPrefixes[e], events->Read(g, EventKeys[e], DefaultValue));
+        const auto rates = txtReadWrite::LoadIni(EmpathyFile(projectFolder, g));
+        for (std::size_t j = 0; j < rows.size(); ++j) {
+            const std::string& row = rows[j];
+            if (row != g)
+                AppendLine(out, "emphaty_rate = ", row, ", ",
+                           rates->Read(row, "rep", DefaultValue));
+            if (progress) {
+                at.row = j + 1;
+                at.factionDone = false;
+                progress(at);
+            }
+        }
+        out.append(CrLf);
+        if (progress) {
+            at.row = rows.size();
+            at.factionDone = true;
+            progress(at);
+        }
+    }
+    return out;
+}
+
+void CompileEmphaty(const std::string& projectFolder, const std::vector<std::string>& factions,
+                    const std::vector<std::string>& rows, const ProgressCallback& progress) {
+    const std::string output = CompiledFile(projectFolder);
+    if (factions.empty()) {
+        platform::DeleteFile(output);
+        return;
+    }
+    platform::ReplaceFile(output, EmphatyText(projectFolder, factions, rows, progress));
+}
+
+} // namespace reputation

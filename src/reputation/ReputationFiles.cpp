@@ -1,0 +1,70 @@
+#include "reputation/ReputationFiles.h"
+
+#include "core/txtReadWrite.h"
+
+#include <stdexcept>
+
+namespace reputation {
+namespace {
+constexpr std::string_view RateKey = "rep";
+} // namespace
+
+std::string EventFile(std::string_view projectFolder) {
+    return std::string(projectFolder) + "\\emphaty\\new\\grp.ini";
+}
+
+std::string EmpathyFile(std::string_view projectFolder, std::string_view nickname) {
+    return std::string(projectFolder) + "\\emphaty\\new\\reps_" + std::string(nickname) + ".facts";
+}
+
+std::string CompiledFile(std::string_view projectFolder) {
+    return std::string(projectFolder) + "\\compiled\\emphaty.ini";
+}
+
+std::array<std::string, 4> ReadEvents(const std::string& eventFile, std::string_view faction) {
+    std::array<std::string, 4> values;
+    try {
+        const auto document = txtReadWrite::LoadIni(eventFile);
+        for (std::size_t i = 0; i < EventKeys.size(); ++i)
+            values[i] = document->Read(faction, EventKeys[i], DefaultValue);
+    } catch (const std::exception&) {
+        // An unreadable file reads like a missing one.
+        values.fill(std::string(DefaultValue));
+    }
+    return values;
+}
+
+void WriteEvent(const std::string& eventFile, std::string_view faction, std::size_t event,
+                std::string_view value) {
+    txtReadWrite::WriteIni(faction, EventKeys.at(event), value, eventFile);
+}
+
+std::vector<std::string> ReadRates(const std::string& empathyFile,
+                                   const std::vector<std::string>& towards) {
+    std::vector<std::string> rates;
+    rates.reserve(towards.size());
+    try {
+        const auto document = txtReadWrite::LoadIni(empathyFile);
+        for (const std::string& toward : towards)
+            rates.push_back(document->Read(toward, RateKey, DefaultValue));
+    } catch (const std::exception&) {
+        rates.assign(towards.size(), std::string(DefaultValue));
+    }
+    return rates;
+}
+
+void StoreRates(const std::string& empathyFile, const std::vector<std::string>& towards,
+                const std::vector<std::string>& rates) {
+    if (towards.size() != rates.size())
+        throw std::invalid_argument("StoreRates: one rate per faction expected");
+    txtReadWrite::Transaction transaction;
+    for (std::size_t i = 0; i < towards.size(); ++i)
+        transaction.WriteIni(towards[i], RateKey, rates[i], empathyFile);
+    transaction.Commit();
+}
+
+void StoreRate(const std::string& empathyFile, std::string_view toward, std::string_view rate) {
+    txtReadWrite::WriteIni(toward, RateKey, rate, empathyFile);
+}
+
+} // namespace reputation

@@ -1,0 +1,44 @@
+#pragma once
+// The reputation data of a project: the event file (four event values per faction) and one
+// empathy file per faction (its rate toward every other faction). Values are kept as text.
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace reputation {
+
+inline constexpr std::string_view DefaultValue = "0.0";
+
+// The keys of the four event values, in the order of Combo1..Combo4.
+inline constexpr std::array<std::string_view, 4> EventKeys = {"o_d", "r_m_s", "r_m_f", "r_m_a"};
+
+// The entries every event combo offers.
+inline constexpr std::array<std::string_view, 19> Choices = {
+    "-0.9", "-0.8", "-0.7", "-0.6", "-0.5", "-0.4", "-0.3", "-0.2", "-0.1", "0.0",
+    "0.1",  "0.2",  "0.3",  "0.4",  "0.5",  "0.6",  "0.7",  "0.8",  "0.9"};
+
+// <project folder>\emphaty\new\grp.ini
+std::string EventFile(std::string_view projectFolder);
+// <project folder>\emphaty\new\reps_<nickname>.facts
+std::string EmpathyFile(std::string_view projectFolder, std::string_view nickname);
+// <project folder>\compiled\emphaty.ini
+std::string CompiledFile(std::string_view projectFolder);
+
+// The four event values of a faction, "0.0" for each one missing.
+std::array<std::string, 4> ReadEvents(const std::string& eventFile, std::string_view faction);
+// Stores one event value (index into EventKeys). Throws IniWriteError.
+void WriteEvent(const std::string& eventFile, std::string_view faction, std::size_t event,
+                std::string_view value);
+
+// The rates an empathy file holds toward each of the given factions, "0.0" when missing.
+std::vector<std::string> ReadRates(const std::string& empathyFile,
+                                   const std::vector<std::string>& towards);
+// Stores a whole column of rates in one write; the file ends up as row-by-row WriteIni calls
+// in the given order would leave it. Throws IniWriteError and leaves the file unchanged.
+void StoreRates(const std::string& empathyFile, const std::vector<std::string>& towards,
+                const std::vector<std::string>& rates);
+// Stores one rate (the mirror entry). Throws IniWriteError.
+void StoreRate(const std::string& empathyFile, std::string_view toward, std::string_view rate);
+
+} // namespace reputation
