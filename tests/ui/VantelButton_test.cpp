@@ -1,0 +1,190 @@
+// The image button driven through real mouse events, its hover timer and its
+// accessibility interface.
+#include "ui/VantelButton.h"
+
+#include <QAccessible>
+#include <QAccessibleActionInterface>
+#include <QLabel>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+
+namespace {
+
+// Records the button's events in the order they are raised.
+struct EventLog {
+    QStringList events;
+    explicit EventLog(VantelButton& button) {
+        QObject::connect(&button, &VantelButton::Click, [this] { events << "Click"; });
+        QObject::connect(&button, &VantelButton::ButtonDown, [this] { events << "ButtonDown"; });
+        QObject::connect(&button, &VantelButton::ButtonUp, [this] { events << "ButtonUp"; });
+        QObject::connect(&button, &VantelButton::MouseOver, [this] { events << "MouseOver"; });
+    }
+};
+
+// Which of the three pictures is showing.
+QString Shown(const VantelButton& button) {
+    QStringList shown;
+    for (const char* name : {"imgUp", "imgOver", "imgDown"})
+        if (!button.findChild<QWidget*>(name)->isHidden())
+            shown << name;
+    return shown.join(',');
+}
+
+} // namespace
+
+class VantelButtonTest : public QObject {
+    Q_OBJECT
+private slots:
+    void NewInstanceShowsItsNameInTahoma8Black() {
+        VantelButton button;
+        button.setObjectName("VantelButton4");
+        QCOMPARE(button.Caption(), QString("VantelButton4"));
+        QCOMPARE(button.findChild<QLabel*>("lblCaption")->text(), QString("VantelButton4"));
+        QCOMPARE(button.FontName(), QString("Tahoma"));
+        QCOMPARE(button.FontSize(), qint16(8));
+        QVERIFY(!button.Bold() && !button.Italic() && !button.Underline());
+        QCOMPARE(button.ForeColor(), QColor(Qt::black));
+        QVERIFY(button.Enabled());
+        QCOMPARE(Shown(button), QString("imgUp"));
+        QCOMPARE(button.findChild<QTimer*>("tmrChkStatus")->interval(), 150);
+        QVERIFY(button.findChild<QTimer*>("tmrChkStatus")->isActive());
+
+        button.setCaption("Neu...");
+        button.setObjectName("renamed"); // a set caption no longer follows the name
+        QCOMPARE(button.findChild<QLabel*>("lblCaption")->text(), QString("Neu..."));
+        button.setFontName("Serif");
+        button.setFontSize(12);
+        button.setBold(true);
+        button.setItalic(true);
+        button.setUnderline(true);
+        button.setForeColor(QColor(0x80, 0, 0));
+        QCOMPARE(button.FontName(), QString("Serif"));
+        QCOMPARE(button.FontSize(), qint16(12));
+        QVERIFY(button.Bold() && button.Italic() && button.Underline());
+        QCOMPARE(button.ForeColor(), QColor(0x80, 0, 0));
+    }
+
+    void ResizingStretchesThePicturesAndDropsTheCaptionBelowTheCentre() {
+        VantelButton button;
+        button.resize(134, 27); // 2010 x 405 twips
+        button.show();
+        for (const char* name : {"imgUp", "imgOver", "imgDown"})
+            QCOMPARE(button.findChild<QWidget*>(name)->geometry(), QRect(0, 0, 134, 27));
+        const QLabel* caption = button.findChild<QLabel*>("lblCaption");
+        QCOMPARE(caption->x(), 0);
+        QCOMPARE(caption->width(), 134);
+        // (405 - h*15) / 2 + 20 twips, back in pixels
+        const double topTwips = (405.0 - caption->height() * 15) / 2 + 20;
+        QCOMPARE(caption->y(), qRound(topTwips / 15));
+        QVERIFY(caption->y() > (27 - caption->height()) / 2);
+    }
+
+    void LeftPressShowsDownAndReleaseRaisesButtonUpThenClick() {
+        VantelButton button;
+        EventLog log(button);
+        QTest::mousePress(&button, Qt::LeftButton, {}, QPoint(60, 11));
+        QCOMPARE(log.events, QStringList({"ButtonDown"}));
+        QCOMPARE(Shown(button), QString("imgDown"));
+        QTest::mouseRelease(&button, Qt::LeftButton, {}, QPoint(60, 11));
+        QCOMPARE(log.events, QStringList({"ButtonDown", "ButtonUp", "Click"}));
+        QCOMPARE(Shown(button), QString("imgUp"));
+
+        // Released off the button: back to up, no click.
+        log.events.clear();
+        QTest::mousePress(&button, Qt::LeftButton, {}, QPoint(60, 11));
+        QTest::mouseRelease(&button, Qt::LeftButton, {}, QPoint(300, 11));
+        QCOMPARE(log.events, QStringList({"ButtonDown", "ButtonUp"}));
+    }
+
+    void OtherButtonsDoNothing() {
+        VantelButton button;
+        EventLog log(button);
+        QTest::mouseClick(&button, Qt::RightButton, {}, QPoint(60, 11));
+        QTest::mouseClick(&button, Qt::MiddleButton, {}, QPoint(60, 11));
+        QVERIFY(log.events.isEmpty());
+        QCOMPARE(Shown(button), QString("imgUp"));
+    }
+
+    void DisabledButtonRaisesNothingAndKeepsItsPicture() {
+        QWidget window;
+        auto* button = new VantelButton(&window);
+        button->move(20, 20);
+        window.resize(300, 100);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QCursor::setPos(window.mapToGlobal(QPoint(5, 5)));
+        EventLog log(*button);
+        QTest::mousePress(button, Qt::LeftButton, {}, QPoint(60, 11));
+        button->setEnabled(false);
+        QVERIFY(!button->findChild<QLabel*>("lblCaption")->isEnabled());
+        QTest::mouseRelease(button, Qt::LeftButton, {}, QPoint(60, 11));
+        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(60, 11));
+        QCursor::setPos(button->mapToGlobal(QPoint(60, 11)));
+        QTest::qWait(400); // two hover checks
+        QCOMPARE(log.events, QStringList({"ButtonDown"}));
+        QCOMPARE(Shown(*button), QString("imgDown"));
+    }
+
+    void HoverCheckFollowsThePointer() {
+        QWidget window;
+        auto* button = new VantelButton(&window);
+        auto* other = new QWidget(&window);
+        button->move(20, 20);
+        other->setGeometry(20, 60, 127, 22);
+        window.resize(300, 100);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QCursor::setPos(other->mapToGlobal(QPoint(5, 5)));
+        QTest::qWait(200);
+        EventLog log(*button);
+
+        // Over the caption: it has no window of its own, so it counts as the button.
+        QCursor::setPos(
+            button->mapToGlobal(button->findChild<QLabel*>("lblCaption")->geometry().center()));
+        QTRY_COMPARE_WITH_TIMEOUT(log.events, QStringList({"MouseOver"}), 300);
+        QCOMPARE(Shown(*button), QString("imgOver"));
+
+        // Pressed and released under the pointer: stays up until the pointer leaves.
+        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(60, 11));
+        QTest::qWait(400);
+        QCOMPARE(log.events, QStringList({"MouseOver", "ButtonDown", "ButtonUp", "Click"}));
+        QCOMPARE(Shown(*button), QString("imgUp"));
+
+        QCursor::setPos(other->mapToGlobal(QPoint(5, 5)));
+        QTRY_COMPARE_WITH_TIMEOUT(log.events.size(), 5, 300);
+        QCOMPARE(log.events.last(), QString("ButtonUp"));
+        QCursor::setPos(button->mapToGlobal(QPoint(3, 3)));
+        QTRY_COMPARE_WITH_TIMEOUT(log.events.size(), 6, 300);
+        QCOMPARE(log.events.last(), QString("MouseOver"));
+        QCOMPARE(Shown(*button), QString("imgOver"));
+    }
+
+    void AccessibleAsAPushButtonWhosePressActionClicks() {
+        QWidget window;
+        auto* button = new VantelButton(&window);
+        button->setCaption("Generiere XML");
+        QSignalSpy clicks(button, &VantelButton::Click);
+        QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(button);
+        QVERIFY(accessible);
+        QCOMPARE(accessible->role(), QAccessible::Button);
+        QCOMPARE(accessible->text(QAccessible::Name), QString("Generiere XML"));
+        QCOMPARE(accessible->childCount(), 0);
+        QAccessibleActionInterface* actions = accessible->actionInterface();
+        QVERIFY(actions);
+        QVERIFY(actions->actionNames().contains(QAccessibleActionInterface::pressAction()));
+        actions->doAction(QAccessibleActionInterface::pressAction());
+        QCOMPARE(clicks.count(), 1);
+        QCOMPARE(Shown(*button), QString("imgUp"));
+
+        button->setEnabled(false);
+        QVERIFY(accessible->state().disabled);
+        actions->doAction(QAccessibleActionInterface::pressAction());
+        QCOMPARE(clicks.count(), 1);
+        button->setCaption("Generate XML");
+        QCOMPARE(accessible->text(QAccessible::Name), QString("Generate XML"));
+    }
+};
+
+QTEST_MAIN(VantelButtonTest)
+#include "VantelButton_test.moc"
