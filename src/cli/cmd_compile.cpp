@@ -2,6 +2,7 @@
 
 #include "cli/Command.h"
 #include "core/modFunctions.h"
+#include "initialworld/InitialWorldCompiler.h"
 #include "reputation/EmphatyCompiler.h"
 
 namespace cli {
@@ -23,6 +24,11 @@ const std::vector<Compiler>& Compilers() {
              reputation::CompileEmphaty(folder, factions, factions);
          },
          "Emphaty.ini compiled..."},
+        {"initialworld",
+         [](const std::string& folder, const std::vector<std::string>& factions) {
+             initialworld::CompileInitialWorld(folder, factions, factions);
+         },
+         "Initialworld.ini created..."},
     };
     return compilers;
 }
