@@ -1,0 +1,195 @@
+#include "LibraryFixture.h"
+#include "core/txtReadWrite.h"
+#include "import/Import.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+
+using namespace importer;
+
+namespace {
+
+const char* const AbReputation = "[RepChangeEffects]\r\n"
+                                 "group = Alpha Band\r\n"
+                                 "event = object_destruction, -0.1\r\n"
+                                 "event = random_mission_success, 0.05\r\n"
+                                 "event = bogus_event, 9\r\n"
+                                 "emphaty_rate = cd_grp, -0.3\r\n"
+                                 "emphaty_rate = ab_grp, 0.9\r\n";
+const char* const AbProps = "[FactionProps]\r\n"
+                            "affiliation = ab_grp\r\n"
+                            "legality = lawful\r\n"
+                            "npc_ship = ship_a\r\n"
+                            "npc_ship = ship_b\r\n"
+                            "voice = \r\n"
+                            "formation_desig = 100, 101\r\n"
+                            "formation = fighters, fighter_basic\r\n"
+                            "space_costume = h, b, c\r\n"
+                            "scan_announce = True\r\n";
+const char* const AbWorld = "[Group]\r\n"
+                            "nickname = ab_grp\r\n"
+                            "ids_name = 5\r\n"
+                            "ids_short_name = 7\r\n"
+                            "rep = 0.5, cd_grp\r\n"
+                            "rep = 0.1,ab_grp\r\n"
+                            "rep = 0.6, cd_grp\r\n";
+
+const char* const CdReputation = "[RepChangeEffects]\r\ngroup = cd_grp\r\n"
+                                 "event = random_mission_abortion, -0.2\r\n";
+const char* const CdProps = "[FactionProps]\r\nlegality = unlawful\r\n";
+const char* const CdWorld = "[Group]\r\nids_name = 9\r\nrep = -0.4, ab_grp\r\n";
+
+class Import : public ::testing::Test, protected LibraryFixture {
+protected:
+    Import() {
+        Entry("ab_grp", AbReputation, AbProps, AbWorld);
+        Entry("cd_grp", CdReputation, CdProps, CdWorld);
+    }
+};
+
+} // namespace
+
+TEST_F(Import, WritesEveryProjectFileInItsExactForm) {
+    ImportOriginalFaction(app(), "ab_grp", project());
+    EXPECT_EQ(File("\\misc\\factions.ini"), "[ab_grp]\r\ngrp=Alpha Band\r\n");
+    EXPECT_EQ(File("\\emphaty\\new\\grp.ini"), "[ab_grp]\r\no_d=-0.1\r\nr_m_s=0.05\r\n");
+    EXPECT_EQ(File("\\emphaty\\new\\reps_ab_grp.facts"),
+              "[cd_grp]\r\nrep=-0.3\r\n[ab_grp]\r\nrep=0.9\r\n\r\n");
+    EXPECT_EQ(File("\\faction_prop\\grp.ini"),
+              "[ab_grp]\r\nLegality=lawful\r\nplurality=\r\nmsg_id_prefix=\r\nmc_costume=\r\n"
+              "firstname_male=\r\nfirstname_female=\r\nlastname=\r\nrank_desig=\r\n"
+              "formation_desig=100, 101\r\nlarge_ship_desig=\r\nlarge_ship_names=\r\njump=\r\n"
+              "scan_chance=\r\nscan_announce=True\r\n");
+    EXPECT_EQ(File("\\faction_prop\\shiplist_ab_grp.lst"), "ship_a\r\nship_b\r\n\r\n");
+    EXPECT_EQ(File("\\faction_prop\\voicelist_ab_grp.lst"), "\r\n\r\n");
+    EXPECT_EQ(File("\\faction_prop\\bodylist_ab_grp.lst"), "h, b, c\r\n\r\n");
+    EXPECT_EQ(File("\\faction_prop\\scanlist_ab_grp.lst"), "\r\n");
+    EXPECT_EQ(File("\\faction_prop\\formationlist_ab_grp.lst"), "fighters, fighter_basic\r\n\r\n");
+    // The same nickname twice keeps the later value in the first one's place.
+    EXPECT_EQ(
+        File("\\initialworld\\grp.ini"),
+        "[ab_grp]\r\nids_name=5\r\nids_info=\r\nids_short_name=7\r\ncd_grp=0.6\r\nb_grp=0.1\r\n");
+    // The list files carry the capital first letter of the pick-list editors.
+    EXPECT_TRUE(std::filesystem::exists(app() + "/projects/P/faction_prop/Shiplist_ab_grp.lst"));
+}
+
+TEST_F(Import, ReimportOverwritesInPlaceAndKeepsWhatTheLibraryDoesNotYield) {
+    txtReadWrite::WriteIni("zz_grp", "grp", "mine", project() + "\\misc\\factions.ini");
+    txtReadWrite::WriteIni("ab_grp", "grp", "user made", project() + "\\misc\\factions.ini");
+    txtReadWrite::WriteIni("ab_grp", "r_m_a", "-0.7", project() + "\\emphaty\\new\\grp.ini");
+    txtReadWrite::WriteIni("ab_grp", "o_d", "3", project() + "\\emphaty\\new\\grp.ini");
+    txtReadWrite::WriteIni("ab_grp", "ef_grp", "0.2", project() + "\\initialworld\\grp.ini");
+    ImportOriginalFaction(app(), "ab_grp", project());
+    const auto once = Snapshot();
+    EXPECT_EQ(File("\\misc\\factions.ini"),
+              "[zz_grp]\r\ngrp=mine\r\n[ab_grp]\r\ngrp=Alpha Band\r\n");
+    EXPECT_EQ(File("\\emphaty\\new\\grp.ini"),
+              "[ab_grp]\r\nr_m_a=-0.7\r\no_d=-0.1\r\nr_m_s=0.05\r\n");
+    EXPECT_EQ(txtReadWrite::ReadIni("ab_grp", "ef_grp", "", project() + "\\initialworld\\grp.ini"),
+              "0.2");
+    ImportOriginalFaction(app(), "ab_grp", project());
+    EXPECT_EQ(Snapshot(), once);
+}
+
+TEST_F(Import, ARefusedEntryWritesNothing) {
+    const auto before = Snapshot();
+    Library("initialworld", "ab_grp", "[Group]\r\nrep = 0.5\r\n");
+    try {
+        ImportOriginalFaction(app(), "ab_grp", project());
+        FAIL() << "a malformed entry was imported";
+    } catch (const LibraryError& error) {
+        EXPECT_EQ(error.line(), 2);
+        EXPECT_NE(std::string(error.what()).find("initialworld/original_factions/ab_grp, line 2"),
+                  std::string::npos)
+            << error.what();
+    }
+    std::filesystem::remove(app() + "/data/faction_prop/original_factions/cd_grp");
+    EXPECT_THROW(ImportOriginalFaction(app(), "cd_grp", project()), LibraryError);
+    Entry("x[1]", CdReputation, CdProps, CdWorld); // brackets break section names
+    EXPECT_THROW(ImportOriginalFaction(app(), "x[1]", project()), LibraryError);
+    EXPECT_EQ(Snapshot(), before);
+}
+
+TEST_F(Import, AFailedWriteLeavesEveryProjectFileAsItWas) {
+    txtReadWrite::WriteIni("zz_grp", "grp", "mine", project() + "\\misc\\factions.ini");
+    std::filesystem::remove_all(app() + "/projects/P/initialworld"); // the last file cannot go
+    const auto before = Snapshot();
+    EXPECT_ANY_THROW(ImportOriginalFaction(app(), "ab_grp", project()));
+    EXPECT_ANY_THROW(ImportAllOriginalFactions(app(), project()));
+    EXPECT_EQ(Snapshot(), before);
+}
+
+TEST_F(Import, ImportAllGoesInListOrderAndReportsRefusedEntriesAtTheEnd) {
+    Entry("Bad_grp", "emphaty_rate = ab_grp\r\n", CdProps, CdWorld);
+    std::vector<std::pair<char, int>> progress;
+    const auto result =
+        ImportAllOriginalFactions(app(), project(),
+                                  {[&](int max) { progress.emplace_back('M', max); },
+                                   [&](int value) { progress.emplace_back('V', value); }});
+    EXPECT_EQ(result.imported, (std::vector<std::string>{"ab_grp", "cd_grp"}));
+    ASSERT_EQ(result.refused.size(), 1u);
+    EXPECT_EQ(result.refused[0].line(), 1);
+    EXPECT_EQ(progress,
+              (std::vector<std::pair<char, int>>{{'M', 2}, {'V', 0}, {'V', 1}, {'V', 2}}));
+    EXPECT_EQ(File("\\misc\\factions.ini"),
+              "[ab_grp]\r\ngrp=Alpha Band\r\n[cd_grp]\r\ngrp=cd_grp\r\n");
+    EXPECT_EQ(File("\\emphaty\\new\\grp.ini"),
+              "[ab_grp]\r\no_d=-0.1\r\nr_m_s=0.05\r\n[cd_grp]\r\nr_m_a=-0.2\r\n");
+    EXPECT_FALSE(std::filesystem::exists(app() + "/projects/P/emphaty/new/reps_Bad_grp.facts"));
+    // Once or twice, the files are the same.
+    const auto once = Snapshot();
+    ImportAllOriginalFactions(app(), project());
+    EXPECT_EQ(Snapshot(), once);
+}
+
+TEST_F(Import, ImportAllMatchesWritingValueByValue) {
+    // Both projects start with a faction of the user's under a library nickname.
+    modFunctions::CreateProjectFolders(app(), "Q");
+    const std::string q = modFunctions::ProjectPath(app(), "Q");
+    for (const std::string& folder : {project(), q}) {
+        txtReadWrite::WriteIni("cd_grp", "grp", "user", folder + "\\misc\\factions.ini");
+        txtReadWrite::WriteIni("cd_grp", "ids_info", "42", folder + "\\initialworld\\grp.ini");
+    }
+    ImportAllOriginalFactions(app(), project());
+    for (const std::string name : {"ab_grp", "cd_grp"}) {
+        const OriginalFaction f = ReadOriginalFaction(app(), name);
+        using txtReadWrite::WriteFileText, txtReadWrite::WriteIni;
+        WriteIni(name, "grp", f.reputation.group, q + "\\misc\\factions.ini");
+        for (const auto& event : f.reputation.events)
+            if (event.name == "object_destruction" || event.name == "random_mission_success")
+                WriteIni(name, event.name == "object_destruction" ? "o_d" : "r_m_s", event.value,
+                         q + "\\emphaty\\new\\grp.ini");
+            else if (event.name == "random_mission_abortion")
+                WriteIni(name, "r_m_a", event.value, q + "\\emphaty\\new\\grp.ini");
+        std::string facts;
+        for (const auto& e : f.reputation.empathy)
+            facts += "[" + e.nickname + "]\r\nrep=" + e.value + "\r\n";
+        WriteFileText(q + "\\emphaty\\new\\reps_" + name + ".facts", facts);
+        const char* const keys[] = {
+            "Legality",         "plurality", "msg_id_prefix", "mc_costume",      "firstname_male",
+            "firstname_female", "lastname",  "rank_desig",    "formation_desig", "large_ship_desig",
+            "large_ship_names", "jump",      "scan_chance",   "scan_announce"};
+        for (std::size_t i = 0; i < 14; ++i)
+            WriteIni(name, keys[i], f.props.values[i], q + "\\faction_prop\\grp.ini");
+        const auto list = [](const std::vector<std::string>& lines) {
+            std::string text;
+            for (const auto& line : lines)
+                text += line + "\r\n";
+            return text;
+        };
+        WriteFileText(q + "\\faction_prop\\Shiplist_" + name + ".lst", list(f.props.ships));
+        WriteFileText(q + "\\faction_prop\\Voicelist_" + name + ".lst", list(f.props.voices));
+        WriteFileText(q + "\\faction_prop\\Bodylist_" + name + ".lst", list(f.props.bodyParts));
+        WriteFileText(q + "\\faction_prop\\Scanlist_" + name + ".lst", list(f.props.scans));
+        WriteFileText(q + "\\faction_prop\\Formationlist_" + name + ".lst",
+                      list(f.props.formations));
+        WriteIni(name, "ids_name", f.world.idsName, q + "\\initialworld\\grp.ini");
+        WriteIni(name, "ids_info", f.world.idsInfo, q + "\\initialworld\\grp.ini");
+        WriteIni(name, "ids_short_name", f.world.idsShortName, q + "\\initialworld\\grp.ini");
+        for (const auto& r : f.world.reputations)
+            WriteIni(name, r.nickname, r.value, q + "\\initialworld\\grp.ini");
+    }
+    auto expected = Snapshot();
+    for (const auto& [path, bytes] : expected)
+        EXPECT_EQ(TempFolder::Read(app() + "/projects/Q" + path), bytes) << path;
+}
