@@ -2,6 +2,7 @@
 
 #include "cli/Command.h"
 #include "core/modFunctions.h"
+#include "factionprops/FactionPropCompiler.h"
 #include "initialworld/InitialWorldCompiler.h"
 #include "reputation/EmphatyCompiler.h"
 
@@ -24,6 +25,11 @@ const std::vector<Compiler>& Compilers() {
              reputation::CompileEmphaty(folder, factions, factions);
          },
          "Emphaty.ini compiled..."},
+        {"faction_prop",
+         [](const std::string& folder, const std::vector<std::string>& factions) {
+             factionprops::CompileFactionProp(folder, factions);
+         },
+         "Faction_Prop.ini created..."},
         {"initialworld",
          [](const std::string& folder, const std::vector<std::string>& factions) {
              initialworld::CompileInitialWorld(folder, factions, factions);
