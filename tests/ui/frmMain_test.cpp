@@ -1,0 +1,482 @@
+// The main window driven through its real widgets: project manager, registry panel,
+// languages and the panel animations. Modal boxes are answered by ScriptedDialogs.
+#include "core/modFunctions.h"
+#include "support/TempFolder.h"
+#include "ui/Captions.h"
+#include "ui/Session.h"
+#include "ui/Twips.h"
+#include "ui/VantelButton.h"
+#include "ui/frmMain.h"
+#include "ui/support/ScriptedDialogs.h"
+
+#include <QAbstractButton>
+#include <QElapsedTimer>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QRegularExpression>
+#include <QSlider>
+#include <QTabWidget>
+#include <QTest>
+#include <QTextEdit>
+#include <QTimer>
+#include <QTreeWidget>
+#include <filesystem>
+#include <memory>
+
+namespace fs = std::filesystem;
+
+class frmMainTest : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<TempFolder> folder;
+    std::unique_ptr<Session> session;
+    std::unique_ptr<ScriptedDialogs> dialogs;
+    std::unique_ptr<frmMain> window;
+
+    template <class T> T* Get(const char* name) {
+        T* widget = window->findChild<T*>(QString::fromLatin1(name));
+        if (!widget)
+            qFatal("no control %s", name);
+        return widget;
+    }
+    QTimer* Timer(const char* name) { return Get<QTimer>(name); }
+    void Click(const char* button) { emit Get<VantelButton>(button)->Click(); }
+    // Fires a timer's handler until the timer stops itself; returns the number of ticks.
+    int RunTimer(const char* timer) {
+        const QByteArray handler = QByteArray(timer) + "_Timer";
+        int ticks = 0;
+        while (Timer(timer)->isActive() && ticks < 10000) {
+            QMetaObject::invokeMethod(window.get(), handler.constData());
+            ++ticks;
+        }
+        return ticks;
+    }
+    QStringList Projects() {
+        QStringList names;
+        for (int i = 0; i < Get<QListWidget>("lstProjects")->count(); ++i)
+            names << Get<QListWidget>("lstProjects")->item(i)->text();
+        return names;
+    }
+    void Select(const QString& project) {
+        const auto found = Get<QListWidget>("lstProjects")->findItems(project, Qt::MatchExactly);
+        QCOMPARE(found.size(), 1);
+        Get<QListWidget>("lstProjects")->setCurrentItem(found.front());
+    }
+    std::string ProjectFile(const std::string& project, const std::string& piece) {
+        return (*folder) / ("projects/" + project + "/" + piece);
+    }
+    void LoadProject(const std::string& name) {
+        modFunctions::CreateProjectFolders(folder->path(), name);
+        Click("VantelButton4");
+        Select(QString::fromStdString(name));
+        Click("VantelButton6");
+    }
+    QStringList Factions() {
+        QStringList rows;
+        auto* list = Get<QTreeWidget>("lv_newfactions");
+        for (int i = 0; i < list->topLevelItemCount(); ++i)
+            rows << list->topLevelItem(i)->text(0) + "|" + list->topLevelItem(i)->text(1);
+        return rows;
+    }
+    void ClickFaction(const QString& nickname) {
+        auto* list = Get<QTreeWidget>("lv_newfactions");
+        const auto found = list->findItems(nickname, Qt::MatchExactly, 0);
+        QCOMPARE(found.size(), 1);
+        list->setCurrentItem(found.front());
+        emit list->itemClicked(found.front(), 0);
+    }
+
+private slots:
+    void init() {
+        folder = std::make_unique<TempFolder>();
+        fs::create_directory((*folder) / "projects");
+        session = std::make_unique<Session>();
+        session->appDir = folder->path();
+        dialogs = std::make_unique<ScriptedDialogs>();
+        window = std::make_unique<frmMain>(*session, *dialogs);
+        window->show();
+    }
+    void cleanup() {
+        window.reset();
+        dialogs.reset();
+        session.reset();
+        folder.reset();
+    }
+
+    void StartsInGermanOnTheProjectManager() {
+        QCOMPARE(window->windowTitle(), QString("Orrindel 2.0 beta 2 || Halvex"));
+        QCOMPARE(Get<QTabWidget>("SSTab1")->currentIndex(), 0);
+        QCOMPARE(Get<QTabWidget>("SSTab1")->count(), 5);
+        QCOMPARE(Get<QTabWidget>("SSTab1")->tabText(0), QString("Projektmanager"));
+        QCOMPARE(Get<QTabWidget>("SSTab1")->tabText(4), QString("XML-Script"));
+        QCOMPARE(Get<VantelButton>("VantelButton2")->Caption(), QString("Englische Version"));
+        QVERIFY(!Get<QGroupBox>("Frame1")->isHidden());
+        QVERIFY(Get<QGroupBox>("Frame2")->isHidden());
+        QVERIFY(Get<QLineEdit>("txtdateiname")->isHidden());
+        QCOMPARE(Get<QLineEdit>("txtdateiname")->text(), QString("Projektname"));
+        QCOMPARE(Get<QLabel>("lblActiveProject")->text(), QString());
+        QCOMPARE(Get<QLabel>("Label4")->text(), QString("-->"));
+        QCOMPARE(Get<QLineEdit>("txtZeit")->text(), QString("80"));
+        QCOMPARE(Get<QSlider>("Slider1")->value(), 80);
+        QVERIFY(!Get<VantelButton>("btnImport")->isEnabled());
+        QVERIFY(!Get<VantelButton>("btnImportAll")->isEnabled());
+        QVERIFY(Projects().isEmpty());
+        for (const char* timer : {"Timer1", "Timer2", "Timer3", "Timer4", "Timer7"})
+            QVERIFY(!Timer(timer)->isActive());
+        QCOMPARE(Timer("Timer1")->interval(), 1);
+        QCOMPARE(Timer("Timer7")->interval(), 2000);
+    }
+
+    void NameBoxOpensAndClosesIn44Ticks() {
+        auto* box = Get<QLineEdit>("txtdateiname");
+        QCOMPARE(twips::Width(box), 150);
+        Click("VantelButton7");
+        QVERIFY(Timer("Timer1")->isActive());
+        QCOMPARE(RunTimer("Timer1"), 44);
+        QCOMPARE(twips::Width(box), 1470);
+        QVERIFY(!box->isHidden());
+        Click("VantelButton7");
+        QVERIFY(Timer("Timer2")->isActive());
+        QCOMPARE(RunTimer("Timer2"), 44);
+        QCOMPARE(twips::Width(box), 150);
+        QVERIFY(box->isHidden());
+    }
+
+    void CreatingWithoutActiveProjectMakesTheTreeThenReportsTheProtocol() {
+        Click("VantelButton7");
+        RunTimer("Timer1");
+        auto* box = Get<QLineEdit>("txtdateiname");
+        box->setText("Alpha");
+        QTest::keyClick(box, Qt::Key_Return);
+
+        for (const char* sub : {"", "emphaty", "emphaty/new", "faction_prop", "initialworld", "XML",
+                                "Protocol", "compiled", "misc"})
+            QVERIFY2(fs::is_directory(ProjectFile("Alpha", sub)), sub);
+        QCOMPARE(Projects(), QStringList{"Alpha"});
+        QCOMPARE(box->text(), QString("Alpha")); // Enter is swallowed, the text stays
+        QVERIFY(Timer("Timer2")->isActive());    // and the box closes again
+        QCOMPARE(dialogs->shown.size(), std::size_t(1));
+        QCOMPARE(dialogs->shown[0].icon, QMessageBox::Critical);
+        QCOMPARE(dialogs->shown[0].title, QString("Orrindel 2.0 beta 2 || Halvex"));
+        QVERIFY2(dialogs->shown[0].text.startsWith(
+                     "An error occured during create your project.\r\nError 76: "),
+                 qPrintable(dialogs->shown[0].text));
+        QVERIFY(dialogs->shown[0].text.contains("protocol.txt"));
+        QVERIFY(!fs::exists(ProjectFile("Alpha", "Protocol/protocol.txt")));
+
+        // A second time: the folder exists, nothing changes.
+        dialogs->shown.clear();
+        fs::create_directory(ProjectFile("Alpha", "misc/keep"));
+        QTest::keyClick(box, Qt::Key_Return);
+        QCOMPARE(dialogs->shown.size(), std::size_t(1));
+        QVERIFY(dialogs->shown[0].text.startsWith(
+            "An error occured during create your project.\r\nError 75: "));
+        QVERIFY(fs::is_directory(ProjectFile("Alpha", "misc/keep")));
+
+        // A name the file system cannot take is refused before anything is written.
+        dialogs->shown.clear();
+        box->setText("a/b");
+        QTest::keyClick(box, Qt::Key_Return);
+        QCOMPARE(dialogs->shown.size(), std::size_t(1));
+        QVERIFY(dialogs->shown[0].text.contains("a/b"));
+        QCOMPARE(Projects(), QStringList{"Alpha"});
+        QVERIFY(!fs::exists(ProjectFile("a", "")));
+    }
+
+    void EnterWithTheUntouchedBoxCreatesProjektname() {
+        QTest::keyClick(Get<QLineEdit>("txtdateiname"), Qt::Key_Return);
+        QCOMPARE(Projects(), QStringList{"Projektname"});
+    }
+
+    void LoadCreateIntoActiveProtocolAndDelete() {
+        // Nothing selected: the notice and nothing else.
+        Click("VantelButton6");
+        QVERIFY(!Get<QLabel>("lblNoProject")->isHidden());
+        QVERIFY(Timer("Timer7")->isActive());
+        QCOMPARE(Get<QLabel>("lblNoProject")->text(), QString("Kein Projekt ausgewählt!"));
+        QVERIFY(session->ActiveProject.empty());
+        RunTimer("Timer7");
+        QVERIFY(Get<QLabel>("lblNoProject")->isHidden());
+        Click("VantelButton5");
+        QVERIFY(!Get<QLabel>("lblNoProject")->isHidden());
+
+        LoadProject("Alpha");
+        QCOMPARE(session->ActiveProject, std::string("Alpha"));
+        QCOMPARE(Get<QLabel>("lblActiveProject")->text(), QString("Alpha"));
+        QCOMPARE(session->activeProjectCaption(), std::string("Alpha"));
+        QCOMPARE(Get<QLabel>("lblFactionsGesamt")->text(), QString("0"));
+        QCOMPARE(Get<QLabel>("Label4")->text(), QString("<--"));
+        QVERIFY(Timer("Timer3")->isActive());
+
+        // Creating Beta while Alpha is active writes into Alpha's protocol.
+        Get<QLineEdit>("txtdateiname")->setText("Beta");
+        QTest::keyClick(Get<QLineEdit>("txtdateiname"), Qt::Key_Return);
+        QVERIFY(dialogs->shown.empty());
+        QCOMPARE(Projects(), (QStringList{"Alpha", "Beta"}));
+        QVERIFY(!fs::exists(ProjectFile("Beta", "Protocol/protocol.txt")));
+        const QString protocol =
+            QString::fromStdString(TempFolder::Read(ProjectFile("Alpha", "Protocol/protocol.txt")));
+        QVERIFY2(QRegularExpression("^\\S.*    .*\\S: Project created\\.\\r\\n\\r\\n$")
+                     .match(protocol)
+                     .hasMatch(),
+                 qPrintable(protocol));
+
+        // The protocol view shows the clicked project's file; an empty one without it.
+        Select("Alpha");
+        QVERIFY(Get<QTextEdit>("rtfLog")->toPlainText().contains(": Project created."));
+        Select("Beta");
+        QCOMPARE(Get<QTextEdit>("rtfLog")->toPlainText(), QString());
+
+        // Deleting the active project empties ActiveProject, the label keeps the name.
+        fs::permissions(ProjectFile("Alpha", "misc"),
+                        fs::perms::owner_read | fs::perms::owner_exec);
+        Select("Alpha");
+        Click("VantelButton5");
+        QVERIFY(!fs::exists(ProjectFile("Alpha", "")));
+        QVERIFY(session->ActiveProject.empty());
+        QCOMPARE(Get<QLabel>("lblActiveProject")->text(), QString("Alpha"));
+        QCOMPARE(Projects(), QStringList{"Beta"});
+
+        // A folder made by hand shows after Refresh.
+        fs::create_directory((*folder) / "projects/Gamma");
+        QCOMPARE(Projects(), QStringList{"Beta"});
+        Click("VantelButton4");
+        QCOMPARE(Projects(), (QStringList{"Beta", "Gamma"}));
+    }
+
+    void RegistryPanelNewSaveEditDeleteReload() {
+        const std::string registry = ProjectFile("P", "misc/factions.ini");
+        Get<QLineEdit>("txtNewNick")->setText("fc_a");
+        Click("btnnewfactionnew"); // no project loaded: nothing
+        QVERIFY(!fs::exists((*folder) / "projects/P"));
+
+        LoadProject("P");
+        Get<QLineEdit>("txtNewNick")->setText("fc_a");
+        Get<QLineEdit>("txtNewDescr")->setText("Group A");
+        Click("btnnewfactionnew");
+        Get<QLineEdit>("txtNewNick")->setText("fc_b");
+        Get<QLineEdit>("txtNewDescr")->setText("  ");
+        Click("btnnewfactionnew");
+        QCOMPARE(Get<QLineEdit>("txtNewDescr")->text(), QString("fc_b"));
+        QCOMPARE(TempFolder::Read(registry),
+                 std::string("[fc_a]\r\ngrp=Group A\r\n[fc_b]\r\ngrp=fc_b\r\n"));
+        QCOMPARE(Factions(), (QStringList{"fc_a|Group A", "fc_b|fc_b"}));
+        QCOMPARE(Get<QLabel>("lblFactionsGesamt")->text(), QString("2"));
+
+        // Blank and refused nicknames write nothing; the refusal is told.
+        Get<QLineEdit>("txtNewNick")->setText(" \t ");
+        Click("btnnewfactionnew");
+        Get<QLineEdit>("txtNewNick")->setText("bad/nick");
+        Click("btnnewfactionnew");
+        QCOMPARE(dialogs->shown.size(), std::size_t(1));
+        QVERIFY(dialogs->shown[0].text.contains("bad/nick"));
+        QCOMPARE(Factions().size(), 2);
+
+        // Click-to-edit: the group changes in place, the order stays.
+        ClickFaction("fc_a");
+        QCOMPARE(Get<QLineEdit>("txtNewNick")->text(), QString("fc_a"));
+        QCOMPARE(Get<QLineEdit>("txtNewDescr")->text(), QString("Group A"));
+        Get<QLineEdit>("txtNewDescr")->setText("Group Z");
+        Click("btnnewfactionnew");
+        QCOMPARE(Factions(), (QStringList{"fc_a|Group Z", "fc_b|fc_b"}));
+
+        // Delete: the two lines emptied, the faction's own files gone, others kept.
+        TempFolder::Write(ProjectFile("P", "emphaty/new/reps_fc_a.facts"), "x");
+        TempFolder::Write(ProjectFile("P", "faction_prop/Voicelist_fc_a.lst"), "x");
+        TempFolder::Write(ProjectFile("P", "faction_prop/shiplist_fc_b.lst"), "x");
+        ClickFaction("fc_a");
+        Click("btnnewfactiondel");
+        QCOMPARE(TempFolder::Read(registry), std::string("\r\n\r\n[fc_b]\r\ngrp=fc_b\r\n\r\n"));
+        QVERIFY(!fs::exists(ProjectFile("P", "emphaty/new/reps_fc_a.facts")));
+        QVERIFY(!fs::exists(ProjectFile("P", "faction_prop/Voicelist_fc_a.lst")));
+        QVERIFY(fs::exists(ProjectFile("P", "faction_prop/shiplist_fc_b.lst")));
+        QCOMPARE(Factions(), QStringList{"fc_b|fc_b"});
+        QCOMPARE(Get<QLabel>("lblFactionsGesamt")->text(), QString("1"));
+        Get<QTreeWidget>("lv_newfactions")->clearSelection();
+        Click("btnnewfactiondel"); // nothing selected: nothing happens
+        QCOMPARE(Factions(), QStringList{"fc_b|fc_b"});
+
+        // Reload takes the file as it is now.
+        TempFolder::Write(registry,
+                          "[one]\r\ngrp=G1\r\n [not]\r\n[t[w]o]\r\n[three]\r\ngrp=G3\r\n");
+        QCOMPARE(Factions(), QStringList{"fc_b|fc_b"});
+        Click("btnnewfactionreload");
+        QCOMPARE(Factions(), (QStringList{"one|G1", "two|[ERROR]", "three|G3"}));
+        QCOMPARE(Get<QLabel>("lblFactionsGesamt")->text(), QString("3"));
+        QVERIFY(dialogs->shown.size() == 1);
+    }
+
+    void RegistryWriteFailuresAreToldWithTheFile() {
+        LoadProject("P");
+        Get<QLineEdit>("txtNewNick")->setText("fc_a");
+        Click("btnnewfactionnew");
+        fs::remove_all(ProjectFile("P", "misc"));
+
+        Get<QLineEdit>("txtNewNick")->setText("fc_b");
+        Click("btnnewfactionnew");
+        QCOMPARE(dialogs->shown.size(), std::size_t(1));
+        QCOMPARE(dialogs->shown[0].icon, QMessageBox::Critical);
+        QVERIFY2(dialogs->shown[0].text.contains("factions.ini"),
+                 qPrintable(dialogs->shown[0].text));
+
+        ClickFaction("fc_a");
+        Click("btnnewfactiondel");
+        QCOMPARE(dialogs->shown.size(), std::size_t(2));
+        QVERIFY2(dialogs->shown[1].text.contains("factions.ini"),
+                 qPrintable(dialogs->shown[1].text));
+        QVERIFY(window->isVisible());
+    }
+
+    void SlidesTakeTheComputedTicks() {
+        auto* frame1 = Get<QGroupBox>("Frame1");
+        auto* frame2 = Get<QGroupBox>("Frame2");
+        QTest::mouseClick(Get<QLabel>("Label4"), Qt::LeftButton); // no project: nothing
+        QVERIFY(!Timer("Timer3")->isActive());
+        QCOMPARE(Get<QLabel>("Label4")->text(), QString("-->"));
+
+        LoadProject("P");
+        QCOMPARE(RunTimer("Timer3"), 122);
+        QVERIFY(frame1->isHidden());
+        QCOMPARE(twips::Width(frame1), 80);
+        QVERIFY(!frame2->isHidden());
+        QCOMPARE(twips::Left(frame2), 200);
+        QCOMPARE(twips::Width(frame2), 9775);
+
+        QTest::mouseClick(Get<QLabel>("Label4"), Qt::LeftButton);
+        QCOMPARE(Get<QLabel>("Label4")->text(), QString("-->"));
+        QCOMPARE(RunTimer("Timer4"), 122);
+        QVERIFY(!frame1->isHidden());
+        QVERIFY(frame2->isHidden());
+        QCOMPARE(QList<int>({twips::Left(frame1), twips::Top(frame1), twips::Width(frame1),
+                             twips::Height(frame1)}),
+                 QList<int>({120, 1080, 9840, 4215}));
+        QCOMPARE(QList<int>({twips::Left(frame2), twips::Top(frame2), twips::Width(frame2),
+                             twips::Height(frame2)}),
+                 QList<int>({9960, 1080, 15, 4215}));
+        QCOMPARE(frame1->geometry().right() + 1, frame2->geometry().left());
+
+        Get<QSlider>("Slider1")->setValue(100);
+        QCOMPARE(Get<QLineEdit>("txtZeit")->text(), QString("100"));
+        QTest::mouseClick(Get<QLabel>("Label4"), Qt::LeftButton);
+        QCOMPARE(RunTimer("Timer3"), 98);
+        QCOMPARE(twips::Width(frame1), 40);
+        QCOMPARE(twips::Left(frame2), 160);
+        QCOMPARE(twips::Width(frame2), 9815);
+        QTest::mouseClick(Get<QLabel>("Label4"), Qt::LeftButton);
+        QCOMPARE(RunTimer("Timer4"), 98);
+        QCOMPARE(twips::Width(frame1), 9840);
+
+        // Sliding back with a smaller step than the way out overshoots: 80 + 140 * 70.
+        Get<QSlider>("Slider1")->setValue(80);
+        QTest::mouseClick(Get<QLabel>("Label4"), Qt::LeftButton);
+        RunTimer("Timer3");
+        QCOMPARE(twips::Width(frame1), 80);
+        Get<QSlider>("Slider1")->setValue(70);
+        QTest::mouseClick(Get<QLabel>("Label4"), Qt::LeftButton);
+        QCOMPARE(RunTimer("Timer4"), 140);
+        QCOMPARE(twips::Width(frame1), 9880);
+
+        // A step that is not a number leaves the frames where they are, the timer runs on.
+        Get<QLineEdit>("txtZeit")->setText("fast");
+        QTest::mouseClick(Get<QLabel>("Label4"), Qt::LeftButton);
+        QMetaObject::invokeMethod(window.get(), "Timer3_Timer");
+        QVERIFY(Timer("Timer3")->isActive());
+        QCOMPARE(twips::Width(frame1), 9880);
+    }
+
+    void NoticeHidesAfter2000ms() {
+        Click("VantelButton6");
+        QElapsedTimer clock;
+        clock.start();
+        auto* notice = Get<QLabel>("lblNoProject");
+        QVERIFY(notice->isVisible());
+        QTRY_VERIFY_WITH_TIMEOUT(notice->isHidden(), 4000);
+        QVERIFY2(clock.elapsed() >= 1990, qPrintable(QString::number(clock.elapsed())));
+        QVERIFY(!Timer("Timer7")->isActive());
+    }
+
+    // Every row of the captions table whose control exists in the window. The pages'
+    // controls (Label3, SSTab2, the reputation hints...) come with their editors; rows of
+    // a control that is not built yet are counted as absent and skipped.
+    void LanguageRoundTripOverTheCaptionsTable() {
+        const auto read = [](QWidget* widget, const captions::Row& row) -> QString {
+            switch (row.what) {
+            case captions::Setting::ToolTipText:
+                return widget->toolTip();
+            case captions::Setting::Text:
+                return widget->property("text").toString();
+            case captions::Setting::PageCaption: {
+                auto* tabs = qobject_cast<QTabWidget*>(widget);
+                return tabs && row.page < tabs->count() ? tabs->tabText(row.page)
+                                                        : QString("<no page>");
+            }
+            case captions::Setting::Caption:
+                if (auto* button = qobject_cast<VantelButton*>(widget))
+                    return button->Caption();
+                if (auto* frame = qobject_cast<QGroupBox*>(widget))
+                    return frame->title();
+                return widget->property("text").toString();
+            }
+            return {};
+        };
+        const auto check = [&](captions::Language language, bool firstCaptions) {
+            int checked = 0;
+            for (const captions::Row& row : captions::Table()) {
+                const auto widgets =
+                    window->findChildren<QWidget*>(QString::fromLatin1(row.control));
+                for (QWidget* widget : widgets) {
+                    QString expected = QString::fromUtf8(
+                        language == captions::Language::German ? row.german : row.english);
+                    if (firstCaptions && row.control == QByteArray("Label3"))
+                        expected = "Gruppenname:";
+                    if (firstCaptions && row.control == QByteArray("SSTab2") && row.page == 4)
+                        expected = "Formation";
+                    const QString where = QString("%1 page %2").arg(row.control).arg(row.page);
+                    QVERIFY2(read(widget, row) == expected,
+                             qPrintable(where + ": " + read(widget, row) + " != " + expected));
+                    ++checked;
+                }
+            }
+            QVERIFY(checked >= 21); // the rows of the main window's own controls
+        };
+
+        check(captions::Language::German, true);
+        Click("VantelButton7");
+        RunTimer("Timer1");
+        Get<QLineEdit>("txtdateiname")->setText("half-typed");
+        Click("VantelButton2");
+        check(captions::Language::English, false);
+        QCOMPARE(Get<QLineEdit>("txtdateiname")->text(), QString("Projectname"));
+        QCOMPARE(Get<QTabWidget>("SSTab1")->tabText(1), QString("Emphaty.ini"));
+        Click("VantelButton2");
+        check(captions::Language::German, false);
+        QCOMPARE(Get<VantelButton>("VantelButton2")->Caption(), QString("Englische Version"));
+        QCOMPARE(Get<VantelButton>("VantelButton3")->Caption(), QString("?"));
+        QCOMPARE(Get<QTabWidget>("SSTab1")->tabText(4), QString("XML-Script"));
+    }
+
+    void AboutOpensWithoutOwnerAndClosesByItsLabel() {
+        Click("VantelButton3");
+        QWidget* about = nullptr;
+        for (QWidget* top : QApplication::topLevelWidgets())
+            if (top->objectName() == "frmAbout" && top->isVisible())
+                about = top;
+        QVERIFY(about);
+        QCOMPARE(about->parentWidget(), nullptr);
+        QCOMPARE(about->windowTitle(), QString("Orrindel 2.0 || Halvex"));
+        auto* tabs = about->findChild<QTabWidget*>();
+        QCOMPARE(tabs->tabText(0), QString("Creating a Faction"));
+        QCOMPARE(tabs->tabText(1), QString("Special Thanks"));
+        QPointer<QWidget> guard(about);
+        QTest::mouseClick(about->findChild<QLabel*>("Label1"), Qt::LeftButton);
+        QTRY_VERIFY(guard.isNull());
+        QVERIFY(window->isVisible());
+        QCOMPARE(Get<QLabel>("Label1")->text(), QString("Scroll-Tempo"));
+    }
+};
+
+QTEST_MAIN(frmMainTest)
+#include "frmMain_test.moc"
