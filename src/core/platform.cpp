@@ -100,9 +100,9 @@ std::string WriteTemporary(const std::string& target, std::string_view bytes) {
             mode &= ~mask;
         }
         ::fchmod(file.fd, mode);
+        // No fsync: the rename alone guarantees that a crashed program leaves the old or the
+        // new file, and syncing every keystroke's write would make editing sluggish.
         WriteAll(file.fd, bytes, target);
-        if (::fsync(file.fd) != 0)
-            throw FileError(target, SystemReason(errno));
     } catch (...) {
         ::unlink(temporary.c_str());
         throw;
@@ -150,13 +150,33 @@ std::string ResolvePath(std::string_view path) {
     return resolved;
 }
 
+namespace {
+FileStamp StampFrom(const struct stat& st) {
+    return FileStamp{static_cast<std::uint64_t>(st.st_size),
+                     static_cast<std::int64_t>(st.st_mtim.tv_sec) * 1000000000 + st.st_mtim.tv_nsec,
+                     static_cast<std::uint64_t>(st.st_ino)};
+}
+} // namespace
+
 std::optional<FileStamp> StampOf(std::string_view path) {
     struct stat st {};
     if (::stat(ResolvePath(path).c_str(), &st) != 0 || !S_ISREG(st.st_mode))
         return std::nullopt;
-    return FileStamp{static_cast<std::uint64_t>(st.st_size),
-                     static_cast<std::int64_t>(st.st_mtim.tv_sec) * 1000000000 + st.st_mtim.tv_nsec,
-                     static_cast<std::uint64_t>(st.st_ino)};
+    return StampFrom(st);
+}
+
+ResolvedFile LookUpFile(std::string_view path) {
+    // One stat when the path is spelled as on disk, the common case.
+    ResolvedFile out{HostPath(path), std::nullopt};
+    struct stat st {};
+    if (::stat(out.path.c_str(), &st) != 0) {
+        out.path = ResolvePath(path);
+        if (::stat(out.path.c_str(), &st) != 0)
+            return out;
+    }
+    if (S_ISREG(st.st_mode))
+        out.stamp = StampFrom(st);
+    return out;
 }
 
 bool IsFile(std::string_view path) {

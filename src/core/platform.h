@@ -32,6 +32,12 @@ struct FileStamp {
     bool operator==(const FileStamp&) const = default;
 };
 std::optional<FileStamp> StampOf(std::string_view path);
+// The resolved path of a file and its stamp (nullopt when it is no ordinary file).
+struct ResolvedFile {
+    std::string path;
+    std::optional<FileStamp> stamp;
+};
+ResolvedFile LookUpFile(std::string_view path);
 
 bool IsFile(std::string_view path);
 bool IsDirectory(std::string_view path);

@@ -34,7 +34,12 @@ public:
     };
 
     std::shared_ptr<IniDocument> Load(const std::string& resolved) {
-        const auto stamp = platform::StampOf(resolved);
+        return Load(platform::LookUpFile(resolved));
+    }
+
+    std::shared_ptr<IniDocument> Load(const platform::ResolvedFile& file) {
+        const std::string& resolved = file.path;
+        const auto& stamp = file.stamp;
         if (!stamp) {
             entries_.erase(resolved);
             return std::make_shared<IniDocument>();
@@ -112,7 +117,7 @@ std::string GetDefaultIniPath() {
 }
 
 std::shared_ptr<const IniDocument> LoadIni(const std::string& file) {
-    return Cache().Load(platform::ResolvePath(IniFile(file)));
+    return Cache().Load(platform::LookUpFile(IniFile(file)));
 }
 
 std::string ReadIni(std::string_view section, std::string_view key, std::string_view defaultValue,
