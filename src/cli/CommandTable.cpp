@@ -16,6 +16,7 @@ int RunLibrary(const Arguments&, Context&);
 int RunImport(const Arguments&, Context&);
 int RunImportAll(const Arguments&, Context&);
 int RunCutLibrary(const Arguments&, Context&);
+int RunScript(const Arguments&, Context&);
 
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
@@ -36,6 +37,8 @@ const std::vector<Command>& Commands() {
         {"import-all", "PROJECT", "import the whole library; refused entries on stderr", RunImportAll},
         {"cut-library", "--into LIBDIR [--emphaty F] [--faction-prop F] [--initialworld F]",
          "cut library entries from compiled game files", RunCutLibrary},
+        {"script", "[--header] [--name N] [--script-version V] [--url U] [--author A] [--description D]",
+         "print the mod manager's install script (header fields count with --header)", RunScript},
     };
     return commands;
 }
