@@ -1,0 +1,233 @@
+// The reputation page against a real project folder: what each handler leaves on disk.
+#include "core/modFunctions.h"
+#include "core/txtReadWrite.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TempFolder.h"
+#include "ui/ReputationPage.h"
+#include "ui/Session.h"
+#include "ui/VantelButton.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QTest>
+#include <QTreeWidget>
+#include <filesystem>
+
+class ReputationPageTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void loadStoresBackOnlyCombosWhoseTextChanged();
+    void typingStoresEveryKeystrokeAndChoosingStoresTheEntry();
+    void inputBoxCancelEmptyAndNoSelectionChangeNothing();
+    void confirmedEditStoresTheWholeColumnWithoutMirror();
+    void mirrorEntryGoesToTheOtherFactionsFile();
+    void rechoosingShowsStoredRates();
+    void failedWritesAreShownNamingTheFile();
+    void compileWritesTheFileAndTheProtocolLine();
+
+private:
+    QComboBox* Combo(const char* name) { return page->findChild<QComboBox*>(name); }
+    QTreeWidget* List() { return page->findChild<QTreeWidget*>("lv_emphaty"); }
+    void Choose(int index) {
+        QComboBox* picker = Combo("cboemphaty_group");
+        picker->setCurrentIndex(index);
+        emit picker->activated(index);
+    }
+    void Select(int row) { List()->setCurrentItem(List()->topLevelItem(row)); }
+    void DoubleClick() { QVERIFY(QMetaObject::invokeMethod(page, "lv_emphaty_DblClick")); }
+    std::string File(const std::string& piece) {
+        return TempFolder::Read(*app / ("projects/Mod/" + piece));
+    }
+    bool Exists(const std::string& piece) {
+        return std::filesystem::exists(*app / ("projects/Mod/" + piece));
+    }
+
+    TempFolder* app = nullptr;
+    Session session;
+    ScriptedDialogs* dialogs = nullptr;
+    ReputationPage* page = nullptr;
+};
+
+void ReputationPageTest::init() {
+    app = new TempFolder;
+    modFunctions::EnsureProjectsFolder(app->path());
+    modFunctions::CreateProjectFolders(app->path(), "Mod");
+    modFunctions::SaveFaction(app->path(), "Mod", "A", "Alpha");
+    modFunctions::SaveFaction(app->path(), "Mod", "B", "Beta");
+    session = Session{};
+    session.appDir = app->path();
+    session.ActiveProject = "Mod";
+    session.activeProjectCaption = [] { return std::string("Mod"); };
+    dialogs = new ScriptedDialogs;
+    page = new ReputationPage(session, *dialogs);
+    page->AddFactions(modFunctions::LoadRegistry(modFunctions::RegistryPath(app->path(), "Mod")));
+}
+
+void ReputationPageTest::cleanup() {
+    delete page;
+    delete dialogs;
+    delete app;
+}
+
+void ReputationPageTest::loadStoresBackOnlyCombosWhoseTextChanged() {
+    QCOMPARE(Combo("cboemphaty_group")->currentText(), QString()); // filling chooses nothing
+    QCOMPARE(Combo("Combo1")->count(), 19);
+    QCOMPARE(Combo("Combo1")->currentText(), QStringLiteral("0.0"));
+    QCOMPARE(List()->topLevelItem(1)->text(1), QStringLiteral("Beta"));
+    txtReadWrite::WriteIni(
+        "A", "o_d", "-0.3",
+        modFunctions::ProjectPath(app->path(), "Mod", "\\emphaty\\new\\grp.ini"));
+    // With no faction chosen a change stores nothing.
+    Combo("Combo4")->setEditText("0.5");
+    QCOMPARE(File("emphaty/new/grp.ini"), std::string("[A]\r\no_d=-0.3\r\n"));
+
+    Choose(0);
+    QCOMPARE(Combo("Combo1")->currentText(), QStringLiteral("-0.3"));
+    QCOMPARE(Combo("Combo4")->currentText(), QStringLiteral("0.0"));
+    // Combo2 and Combo3 showed "0.0" already, so only Combo4's default is stored.
+    QCOMPARE(File("emphaty/new/grp.ini"), std::string("[A]\r\no_d=-0.3\r\nr_m_a=0.0\r\n"));
+    QVERIFY(dialogs->shown.empty());
+}
+
+void ReputationPageTest::typingStoresEveryKeystrokeAndChoosingStoresTheEntry() {
+    Choose(1);
+    QStringList stored;
+    QComboBox* combo = Combo("Combo1");
+    // Connected after the page's own handler, so it sees what that handler stored.
+    connect(combo, &QComboBox::editTextChanged, this, [&] {
+        stored << QString::fromStdString(txtReadWrite::ReadIni(
+            "B", "o_d", "<none>",
+            modFunctions::ProjectPath(app->path(), "Mod", "\\emphaty\\new\\grp.ini")));
+    });
+    combo->lineEdit()->clear();
+    QTest::keyClicks(combo->lineEdit(), "-0.25");
+    QCOMPARE(stored, (QStringList{"", "-", "-0", "-0.", "-0.2", "-0.25"}));
+    QTest::keyClicks(combo->lineEdit(), "x");
+    QCOMPARE(stored.back(), QStringLiteral("-0.25x")); // not a number, stored as typed
+
+    // Choosing the entry the combo already shows still stores it.
+    QComboBox* combo2 = Combo("Combo2");
+    QCOMPARE(combo2->currentText(), QStringLiteral("0.0"));
+    emit combo2->activated(9);
+    QCOMPARE(File("emphaty/new/grp.ini"), std::string("[B]\r\no_d=-0.25x\r\nr_m_s=0.0\r\n"));
+}
+
+void ReputationPageTest::inputBoxCancelEmptyAndNoSelectionChangeNothing() {
+    Select(1);
+    DoubleClick(); // no faction chosen
+    QVERIFY(dialogs->asked.empty());
+
+    Choose(0);
+    List()->clearSelection();
+    DoubleClick(); // no row selected
+    QVERIFY(dialogs->asked.empty());
+
+    Select(1);
+    DoubleClick(); // cancelled
+    dialogs->Answer("");
+    DoubleClick(); // confirmed empty
+    QCOMPARE(dialogs->asked.size(), std::size_t(2));
+    QCOMPARE(dialogs->asked[0].prompt, QStringLiteral("Reputation"));
+    QCOMPARE(dialogs->asked[0].title, QStringLiteral("REP"));
+    QCOMPARE(dialogs->asked[0].defaultText, QStringLiteral("0.0"));
+    QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("0.0"));
+    QVERIFY(!Exists("emphaty/new/reps_A.facts"));
+    QVERIFY(!Exists("emphaty/new/reps_B.facts"));
+}
+
+void ReputationPageTest::confirmedEditStoresTheWholeColumnWithoutMirror() {
+    TempFolder::Write(*app / "projects/Mod/emphaty/new/reps_B.facts", "[A]\r\nrep=0.7\r\n");
+    page->findChild<QCheckBox*>("chkForceREP")->setChecked(false);
+    Choose(0);
+    Select(1);
+    dialogs->Answer("0.4");
+    DoubleClick();
+    QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("0.4"));
+    // Every row is stored, the chosen faction's own one included; B's file keeps its rate.
+    QCOMPARE(File("emphaty/new/reps_A.facts"), std::string("[A]\r\nrep=0.0\r\n[B]\r\nrep=0.4\r\n"));
+    QCOMPARE(File("emphaty/new/reps_B.facts"), std::string("[A]\r\nrep=0.7\r\n"));
+}
+
+void ReputationPageTest::mirrorEntryGoesToTheOtherFactionsFile() {
+    QVERIFY(page->findChild<QCheckBox*>("chkForceREP")->isChecked());
+    Choose(0);
+    Select(1);
+    dialogs->Answer("-0.2");
+    DoubleClick();
+    QCOMPARE(File("emphaty/new/reps_A.facts"),
+             std::string("[A]\r\nrep=0.0\r\n[B]\r\nrep=-0.2\r\n"));
+    QCOMPARE(File("emphaty/new/reps_B.facts"), std::string("[A]\r\nrep=-0.2\r\n"));
+
+    // The own row: edit and mirror are the same entry of the same file.
+    Select(0);
+    dialogs->Answer("0.9");
+    DoubleClick();
+    QCOMPARE(File("emphaty/new/reps_A.facts"),
+             std::string("[A]\r\nrep=0.9\r\n[B]\r\nrep=-0.2\r\n"));
+}
+
+void ReputationPageTest::rechoosingShowsStoredRates() {
+    TempFolder::Write(*app / "projects/Mod/emphaty/new/reps_B.facts",
+                      "[A]\r\nrep=0.3\r\n[B]\r\nrep=0.1\r\n");
+    Choose(0);
+    Select(1);
+    dialogs->Answer("0.6");
+    DoubleClick();
+    Choose(1);
+    QCOMPARE(List()->topLevelItem(0)->text(2), QStringLiteral("0.6")); // the mirror entry
+    QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("0.1"));
+    Choose(0);
+    QCOMPARE(List()->topLevelItem(0)->text(2), QStringLiteral("0.0"));
+    QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("0.6"));
+}
+
+void ReputationPageTest::failedWritesAreShownNamingTheFile() {
+    namespace fs = std::filesystem;
+    Choose(0);
+    TempFolder::Write(*app / "projects/Mod/emphaty/new/reps_A.facts", "[B]\r\nrep=0.5\r\n");
+    fs::permissions(*app / "projects/Mod/emphaty/new/reps_A.facts", fs::perms::owner_read);
+    Select(1);
+    dialogs->Answer("0.4");
+    DoubleClick();
+    QCOMPARE(dialogs->shown.size(), std::size_t(1));
+    QVERIFY(dialogs->shown[0].text.contains("reps_A.facts"));
+    QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("0.0")); // shows what is on disk
+
+    TempFolder::Write(*app / "projects/Mod/emphaty/new/grp.ini", "");
+    fs::permissions(*app / "projects/Mod/emphaty/new/grp.ini", fs::perms::owner_read);
+    Combo("Combo3")->setEditText("0.8");
+    QCOMPARE(dialogs->shown.size(), std::size_t(2));
+    QVERIFY(dialogs->shown[1].text.contains("grp.ini"));
+
+    // The page keeps working.
+    fs::permissions(*app / "projects/Mod/emphaty/new/grp.ini", fs::perms::owner_all);
+    Combo("Combo3")->setEditText("0.7");
+    QCOMPARE(File("emphaty/new/grp.ini"), std::string("[A]\r\nr_m_f=0.7\r\n"));
+}
+
+void ReputationPageTest::compileWritesTheFileAndTheProtocolLine() {
+    page->findChild<VantelButton*>("btnEmphatySave")->click();
+    QCOMPARE(File("compiled/emphaty.ini"),
+             std::string(
+                 "\r\n\r\n[RepChangeEffects]\r\ngroup = A\r\n"
+                 "event = object_destruction, 0.0\r\nevent = random_mission_success, 0.0\r\n"
+                 "event = random_mission_failure, 0.0\r\nevent = random_mission_abortion, 0.0\r\n"
+                 "emphaty_rate = B, 0.0\r\n\r\n"
+                 "\r\n\r\n[RepChangeEffects]\r\ngroup = B\r\n"
+                 "event = object_destruction, 0.0\r\nevent = random_mission_success, 0.0\r\n"
+                 "event = random_mission_failure, 0.0\r\nevent = random_mission_abortion, 0.0\r\n"
+                 "emphaty_rate = A, 0.0\r\n\r\n"));
+    QVERIFY(txtReadWrite::ReadFileText(
+                modFunctions::ProjectPath(app->path(), "Mod", "\\protocol\\protocol.txt"))
+                .find(": Emphaty.ini compiled...\r\n") != std::string::npos);
+    QCOMPARE(page->findChild<QProgressBar*>("pgEmphaty2")->value(), 1);
+    QCOMPARE(page->findChild<QProgressBar*>("pgEmphaty1")->value(), 2);
+}
+
+QTEST_MAIN(ReputationPageTest)
+#include "ReputationPage_test.moc"
