@@ -1,0 +1,67 @@
+#include "ui/ImportActions.h"
+
+#include "import/Import.h"
+#include "ui/Dialogs.h"
+#include "ui/Session.h"
+#include "ui/Text.h"
+#include "ui/VantelButton.h"
+#include "ui/frmImport.h"
+
+#include <QProgressBar>
+
+ImportActions::ImportActions(Session& session_, Dialogs& dialogs_, VantelButton* btnImport_,
+                             VantelButton* btnImportAll_, QProgressBar* pgImportAll_,
+                             QWidget* owner_)
+    : QObject(owner_), session(session_), dialogs(dialogs_), btnImport(btnImport_),
+      btnImportAll(btnImportAll_), pgImportAll(pgImportAll_), owner(owner_) {
+    setObjectName(QStringLiteral("importActions"));
+    connect(btnImport, &VantelButton::Click, this, &ImportActions::btnImport_Click);
+    connect(btnImportAll, &VantelButton::Click, this, &ImportActions::btnImportAll_Click);
+    UpdateEnabled();
+}
+
+void ImportActions::UpdateEnabled() {
+    const bool active = !session.ActiveProject.empty();
+    btnImport->setEnabled(active);
+    btnImportAll->setEnabled(active);
+}
+
+void ImportActions::btnImport_Click() {
+    if (dialog) {
+        dialog->raise();
+        dialog->activateWindow();
+        return;
+    }
+    dialog = new frmImport(session, dialogs, owner);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    if (!dialog->Form_Load()) {
+        dialog->deleteLater();
+        return;
+    }
+    dialog->show();
+}
+
+void ImportActions::btnImportAll_Click() {
+    if (session.ActiveProject.empty())
+        return;
+    importer::ImportProgress progress;
+    progress.setMaximum = [this](int maximum) { pgImportAll->setMaximum(maximum); };
+    progress.setValue = [this](int value) { pgImportAll->setValue(value); };
+    importer::ImportAllResult result;
+    try {
+        result =
+            importer::ImportAllOriginalFactions(session.appDir, session.ProjectPath(), progress);
+    } catch (const std::exception& error) {
+        pgImportAll->setValue(0);
+        dialogs.ShowError(QStringLiteral("Nothing was imported:\n") + text::ToQt(error.what()));
+        return;
+    }
+    session.loadFactionRegistry();
+    pgImportAll->setValue(0);
+    if (!result.refused.empty()) {
+        QString text = QStringLiteral("These library entries were not imported:");
+        for (const importer::LibraryError& refused : result.refused)
+            text += QStringLiteral("\n") + text::ToQt(refused.what());
+        dialogs.ShowError(text);
+    }
+}
