@@ -20,6 +20,8 @@ ImportActions::ImportActions(Session& session_, Dialogs& dialogs_, VantelButton*
     UpdateEnabled();
 }
 
+frmImport* ImportActions::ImportDialog() const { return dialog.data(); }
+
 void ImportActions::UpdateEnabled() {
     const bool active = !session.ActiveProject.empty();
     btnImport->setEnabled(active);

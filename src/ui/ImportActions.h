@@ -21,7 +21,7 @@ public:
     // loading or deleting a project.
     void UpdateEnabled();
     // The open import dialog, or null.
-    frmImport* ImportDialog() const { return dialog; }
+    frmImport* ImportDialog() const;
 
 private slots:
     void btnImport_Click();

@@ -7,6 +7,7 @@
 #include "ui/Captions.h"
 #include "ui/Dialogs.h"
 #include "ui/FactionPropsPage.h"
+#include "ui/ImportActions.h"
 #include "ui/InitialWorldPage.h"
 #include "ui/ReputationPage.h"
 #include "ui/Session.h"
@@ -132,6 +133,7 @@ frmMain::frmMain(Session& session_, Dialogs& dialogs_, QWidget* parent)
     SSTab1->addTab(initialWorldPage, QStringLiteral("Initialworld.ini"));
     SSTab1->addTab(xmlScriptPage, QStringLiteral("XML-Script"));
     registryViews = {reputationPage, factionPropsPage, initialWorldPage};
+    new ImportActions(session, dialogs, btnImport, btnImportAll, pgImportAll, this);
 
     Form_Load();
 }
