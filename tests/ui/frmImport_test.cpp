@@ -1,0 +1,155 @@
+#include "core/modFunctions.h"
+#include "core/txtReadWrite.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TempFolder.h"
+#include "ui/ImportActions.h"
+#include "ui/Session.h"
+#include "ui/VantelButton.h"
+#include "ui/frmImport.h"
+
+#include <QListWidget>
+#include <QProgressBar>
+#include <QSignalSpy>
+#include <QtTest>
+#include <filesystem>
+
+// The import buttons and dialog against a copy of the shipped library and one project.
+class frmImportTest : public QObject {
+    Q_OBJECT
+
+private:
+    struct Setup {
+        TempFolder temp;
+        Session session;
+        ScriptedDialogs dialogs;
+        QWidget owner;
+        VantelButton* btnImport = new VantelButton(&owner);
+        VantelButton* btnImportAll = new VantelButton(&owner);
+        QProgressBar* pgImportAll = new QProgressBar(&owner);
+        std::vector<std::string> shownFactions; // what the editors' pickers would hold
+        int reloads = 0;
+        ImportActions* actions = nullptr;
+
+        Setup() {
+            std::filesystem::copy(ORRINDEL_TEST_DATA_DIR, temp / "data",
+                                  std::filesystem::copy_options::recursive);
+            session.appDir = temp.path();
+            modFunctions::EnsureProjectsFolder(session.appDir);
+            modFunctions::CreateProjectFolders(session.appDir, "P");
+            session.activeProjectCaption = [this] { return session.ActiveProject; };
+            session.loadFactionRegistry = [this] {
+                ++reloads;
+                shownFactions = modFunctions::RegistryNicknames(
+                    modFunctions::RegistryPath(session.appDir, session.activeProjectCaption()));
+            };
+            actions =
+                new ImportActions(session, dialogs, btnImport, btnImportAll, pgImportAll, &owner);
+        }
+        void Load(const std::string& project) {
+            session.ActiveProject = project;
+            actions->UpdateEnabled();
+        }
+        std::string Protocol() const {
+            return txtReadWrite::ReadFileText(
+                modFunctions::ProjectPath(session.appDir, "P", "\\protocol\\protocol.txt"));
+        }
+    };
+
+    static int Count(const std::string& text, const std::string& what) {
+        int n = 0;
+        for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + 1))
+            ++n;
+        return n;
+    }
+
+private slots:
+    void buttonsNeedAnActiveProject() {
+        Setup s;
+        QVERIFY(!s.btnImport->isEnabled());
+        QVERIFY(!s.btnImportAll->isEnabled());
+        s.Load("P");
+        QVERIFY(s.btnImport->isEnabled());
+        QVERIFY(s.btnImportAll->isEnabled());
+    }
+
+    void chosenNicknamePersistsAcrossImports() {
+        Setup s;
+        s.Load("P");
+        emit s.btnImport->Click();
+        frmImport* dialog = s.actions->ImportDialog();
+        QVERIFY(dialog);
+        QVERIFY(dialog->isVisible());
+        auto* File1 = dialog->findChild<QListWidget*>("File1");
+        auto* importButton = dialog->findChild<VantelButton*>("btnImport");
+        QCOMPARE(File1->count(), 43);
+        QVERIFY(!importButton->isEnabled()); // nothing chosen yet
+
+        emit File1->itemClicked(File1->findItems("li_n_grp", Qt::MatchExactly).front());
+        emit importButton->Click();
+        QCOMPARE(dialog->ChosenNickname(), std::string("li_n_grp"));
+        QCOMPARE(s.shownFactions, std::vector<std::string>{"li_n_grp"});
+        QCOMPARE(Count(s.Protocol(), "Original imported..."), 1);
+        const std::string facts = txtReadWrite::ReadFileText(
+            modFunctions::ProjectPath(s.session.appDir, "P", "\\faction_prop\\grp.ini"));
+
+        // Again without a new click: the same faction, the same files, one more protocol line.
+        emit importButton->Click();
+        QCOMPARE(dialog->ChosenNickname(), std::string("li_n_grp"));
+        QCOMPARE(s.shownFactions, std::vector<std::string>{"li_n_grp"});
+        QCOMPARE(Count(s.Protocol(), "Original imported..."), 2);
+        QCOMPARE(txtReadWrite::ReadFileText(
+                     modFunctions::ProjectPath(s.session.appDir, "P", "\\faction_prop\\grp.ini")),
+                 facts);
+
+        emit File1->itemClicked(File1->findItems("br_n_grp", Qt::MatchExactly).front());
+        emit importButton->Click();
+        QCOMPARE(s.shownFactions, (std::vector<std::string>{"li_n_grp", "br_n_grp"}));
+        QVERIFY(s.dialogs.shown.empty());
+
+        // A further click on the main window's button brings the same dialog forward.
+        emit s.btnImport->Click();
+        QCOMPARE(s.actions->ImportDialog(), dialog);
+        emit dialog->findChild<VantelButton*>("VantelButton1")->Click();
+        QTRY_VERIFY(!s.actions->ImportDialog());
+    }
+
+    void aMissingLibraryFolderEndsTheDialog() {
+        Setup s;
+        s.Load("P");
+        std::filesystem::remove_all(s.temp / "data/emphaty");
+        emit s.btnImport->Click();
+        QCOMPARE(s.dialogs.shown.size(), std::size_t(1));
+        QCOMPARE(s.dialogs.shown[0].title, QStringLiteral("Orrindel 2.0"));
+        QTRY_VERIFY(!s.actions->ImportDialog());
+    }
+
+    void importAllMovesTheProgressAndEndsAtZero() {
+        Setup s;
+        s.Load("P");
+        QList<int> values;
+        connect(s.pgImportAll, &QProgressBar::valueChanged, [&](int v) { values << v; });
+        emit s.btnImportAll->Click();
+        QCOMPARE(s.pgImportAll->maximum(), 42);
+        QVERIFY(values.contains(42));
+        QCOMPARE(s.pgImportAll->value(), 0);
+        QCOMPARE(s.reloads, 1);
+        QCOMPARE(s.shownFactions.size(), std::size_t(43));
+        QCOMPARE(s.shownFactions.front(), std::string("br_m_grp"));
+        QCOMPARE(s.shownFactions.back(), std::string("rh_p_grp"));
+        QCOMPARE(Count(s.Protocol(), "Original imported..."), 0);
+        QVERIFY(s.dialogs.shown.empty());
+    }
+
+    void importAllNamesRefusedEntries() {
+        Setup s;
+        s.Load("P");
+        TempFolder::Write(s.temp / "data/initialworld/original_factions/li_p_grp", "rep = 1\r\n");
+        emit s.btnImportAll->Click();
+        QCOMPARE(s.shownFactions.size(), std::size_t(42));
+        QCOMPARE(s.dialogs.shown.size(), std::size_t(1));
+        QVERIFY(s.dialogs.shown[0].text.contains("li_p_grp, line 1"));
+    }
+};
+
+QTEST_MAIN(frmImportTest)
+#include "frmImport_test.moc"
