@@ -1,0 +1,165 @@
+// The script page driven through its real controls: the texts it builds, the header
+// frame's slide, copy and save.
+#include "support/ScriptedDialogs.h"
+#include "support/TempFolder.h"
+#include "ui/Twips.h"
+#include "ui/VantelButton.h"
+#include "ui/XmlScriptPage.h"
+#include "ui/frmWorking.h"
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QGroupBox>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTextEdit>
+#include <QTimer>
+
+namespace {
+
+const QString kDefaultHeaderScript = "<script>\r\n"
+                                     "<header name=\"MyFaction Mod\">\r\n\r\n"
+                                     "<scriptversion>\r\n1.0\r\n</scriptversion>\r\n\r\n"
+                                     "<modurl>\r\nhttps://www.example.com/\r\n</modurl>\r\n\r\n"
+                                     "<author>\r\nMyName\r\n</author>\r\n\r\n"
+                                     "<description>\r\nMod description\r\n</description>\r\n"
+                                     "</header>\r\n\r\n\r\n</script>";
+
+template <typename T> T* Child(QWidget& page, const char* name) {
+    T* child = page.findChild<T*>(name);
+    if (!child)
+        qFatal("no control %s", name);
+    return child;
+}
+
+void Press(VantelButton* button) {
+    QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(10, 10));
+}
+
+} // namespace
+
+class XmlScriptPageTest : public QObject {
+    Q_OBJECT
+private slots:
+    void StartsWithTheInitialTextsAndTheFrameCollapsed() {
+        ScriptedDialogs dialogs;
+        XmlScriptPage page(dialogs);
+        QCOMPARE(Child<QLineEdit>(page, "txtHeadModName")->text(), QString("MyFaction Mod"));
+        QCOMPARE(Child<QLineEdit>(page, "txtHeadModVersion")->text(), QString("1.0"));
+        QCOMPARE(Child<QLineEdit>(page, "txtHeadModAutor")->text(), QString("MyName"));
+        QCOMPARE(Child<QLineEdit>(page, "txtHeadModDescr")->text(), QString("Mod description"));
+        QCOMPARE(Child<QCheckBox>(page, "Check1")->text(), QString("Header benutzen"));
+        QVERIFY(!Child<QCheckBox>(page, "Check1")->isChecked());
+        QCOMPARE(Child<QGroupBox>(page, "Frame3")->title(), QString("Header Einstellungen"));
+        QVERIFY(Child<QGroupBox>(page, "Frame3")->isHidden());
+        QCOMPARE(twips::Height(Child<QGroupBox>(page, "Frame3")), 135);
+        QCOMPARE(Child<VantelButton>(page, "btnCreateXML")->Caption(), QString("Generiere XML"));
+        QCOMPARE(Child<QTimer>(page, "Timer5")->interval(), 1);
+        QCOMPARE(Child<QTimer>(page, "Timer6")->interval(), 1);
+
+        // The hints name the unlabelled fields, and follow a language switch.
+        QLineEdit* name = Child<QLineEdit>(page, "txtHeadModName");
+        QCOMPARE(name->accessibleName(), QString("Name der Mod"));
+        name->setToolTip("Name of your mod");
+        QCOMPARE(name->accessibleName(), QString("Name of your mod"));
+    }
+
+    void BuildsTheScriptWithOrWithoutHeaderAndReplacesWhatWasThere() {
+        ScriptedDialogs dialogs;
+        XmlScriptPage page(dialogs);
+        page.resize(600, 400);
+        page.show();
+        auto* box = Child<QTextEdit>(page, "rtfXML");
+        box->setPlainText("the user's own notes");
+        Press(Child<VantelButton>(page, "btnCreateXML"));
+        QCOMPARE(page.ScriptText(), QString("<script>\r\n</script>"));
+        QVERIFY(page.findChild<frmWorking*>()->isHidden());
+
+        Child<QCheckBox>(page, "Check1")->setChecked(true);
+        Press(Child<VantelButton>(page, "btnCreateXML"));
+        QCOMPARE(page.ScriptText(), kDefaultHeaderScript);
+        Press(Child<VantelButton>(page, "btnCreateXML"));
+        QCOMPARE(page.ScriptText(), kDefaultHeaderScript);
+
+        for (const char* field :
+             {"txtHeadModVersion", "txtHeadModURL", "txtHeadModAutor", "txtHeadModDescr"})
+            Child<QLineEdit>(page, field)->clear();
+        Child<QLineEdit>(page, "txtHeadModName")->setText(" A<&\"B\" ");
+        Press(Child<VantelButton>(page, "btnCreateXML"));
+        QCOMPARE(page.ScriptText(),
+                 QString("<script>\r\n<header name=\" A<&\"B\" \">\r\n\r\n"
+                         "<scriptversion>\r\n\r\n</scriptversion>\r\n\r\n"
+                         "<modurl>\r\n\r\n</modurl>\r\n\r\n<author>\r\n\r\n</author>\r\n\r\n"
+                         "<description>\r\n\r\n</description>\r\n</header>\r\n\r\n\r\n"
+                         "</script>"));
+        QVERIFY(dialogs.shown.empty());
+    }
+
+    void FrameSlidesOpenAndClosedInSixtyStepsMovingTheBox() {
+        ScriptedDialogs dialogs;
+        XmlScriptPage page(dialogs);
+        page.resize(600, 400);
+        page.show();
+        auto* check = Child<QCheckBox>(page, "Check1");
+        auto* frame = Child<QGroupBox>(page, "Frame3");
+        auto* box = Child<QTextEdit>(page, "rtfXML");
+        const int boxTop = twips::Top(box);
+        const int boxHeight = twips::Height(box);
+
+        // After each tick: is the check box enabled, is the frame shown?
+        QStringList ticks;
+        for (const char* name : {"Timer5", "Timer6"})
+            connect(Child<QTimer>(page, name), &QTimer::timeout, this, [&] {
+                ticks << QString("%1%2").arg(check->isEnabled()).arg(frame->isVisible());
+            });
+        QStringList sliding(59, "01");
+
+        QTest::mouseClick(check, Qt::LeftButton);
+        QVERIFY(check->isChecked());
+        QVERIFY(QTest::qWaitFor([&] { return !Child<QTimer>(page, "Timer6")->isActive(); }));
+        QCOMPARE(ticks, sliding + QStringList{"11"});
+        QCOMPARE(twips::Height(frame), 1335);
+        QCOMPARE(twips::Top(box), boxTop + 1200);
+        QCOMPARE(twips::Height(box), boxHeight - 1200);
+        QCOMPARE(box->geometry().top(), twips::ToPixels(boxTop + 1200));
+
+        ticks.clear();
+        QTest::mouseClick(check, Qt::LeftButton);
+        QVERIFY(!check->isChecked());
+        QVERIFY(QTest::qWaitFor([&] { return !Child<QTimer>(page, "Timer5")->isActive(); }));
+        QCOMPARE(ticks, sliding + QStringList{"10"});
+        QCOMPARE(twips::Height(frame), 135);
+        QVERIFY(frame->isHidden());
+        QCOMPARE(twips::Top(box), boxTop);
+        QCOMPARE(twips::Height(box), boxHeight);
+    }
+
+    void CopyAndSaveTakeTheShownTextWithItsEdits() {
+        ScriptedDialogs dialogs;
+        XmlScriptPage page(dialogs);
+        Press(Child<VantelButton>(page, "btnCreateXML"));
+        Child<QTextEdit>(page, "rtfXML")->append("\xc3\xa4"); // "ä" typed by the user
+        const QString shown = "<script>\r\n</script>\r\n\xc3\xa4";
+        QCOMPARE(page.ScriptText(), shown);
+
+        Press(Child<VantelButton>(page, "btnCopyXML"));
+        QCOMPARE(QGuiApplication::clipboard()->text(), shown);
+
+        TempFolder folder;
+        QVERIFY(page.SaveScriptTo(QString::fromStdString(folder / "script.xml")));
+        QCOMPARE(TempFolder::Read(folder / "script.xml"),
+                 std::string("<script>\r\n</script>\r\n\xe4"));
+        QVERIFY(dialogs.shown.empty());
+
+        const QString missing = QString::fromStdString(folder / "no such folder/script.xml");
+        QVERIFY(!page.SaveScriptTo(missing));
+        QCOMPARE(dialogs.shown.size(), std::size_t(1));
+        QCOMPARE(dialogs.shown[0].icon, QMessageBox::Critical);
+        QVERIFY2(dialogs.shown[0].text.contains(missing), qPrintable(dialogs.shown[0].text));
+    }
+};
+
+QTEST_MAIN(XmlScriptPageTest)
+#include "XmlScriptPage_test.moc"
