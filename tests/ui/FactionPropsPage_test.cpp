@@ -1,0 +1,260 @@
+// The faction-property page driven through its widgets, on a temporary project.
+#include "core/modFunctions.h"
+#include "core/platform.h"
+#include "core/txtReadWrite.h"
+#include "support/TempFolder.h"
+#include "ui/FactionPropsPage.h"
+#include "ui/Session.h"
+#include "ui/VantelButton.h"
+#include "ui/frmFPBodyparts.h"
+#include "ui/support/ScriptedDialogs.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTest>
+#include <memory>
+
+class FactionPropsPageTest : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<TempFolder> folder;
+    std::unique_ptr<Session> session;
+    std::unique_ptr<ScriptedDialogs> dialogs;
+    std::unique_ptr<FactionPropsPage> page;
+
+    template <class T> T* Get(const char* name) {
+        T* widget = page->findChild<T*>(QString::fromLatin1(name));
+        if (!widget)
+            qFatal("no control %s", name);
+        return widget;
+    }
+    // Host path of a piece of the project.
+    std::string File(std::string_view piece) const {
+        return platform::ResolvePath(modFunctions::ProjectPath(folder->path(), "p", piece));
+    }
+    std::string Sheet() const { return File("\\faction_prop\\grp.ini"); }
+    std::string Value(const char* faction, const char* key) const {
+        return txtReadWrite::ReadIni(faction, key, "<absent>", Sheet());
+    }
+    // The user picks the faction at this index of cboFP_group.
+    void Pick(int index) {
+        auto* combo = Get<QComboBox>("cboFP_group");
+        combo->setCurrentIndex(index);
+        emit combo->activated(index);
+    }
+    void PickItem(const char* comboName, const char* item) {
+        auto* combo = Get<QComboBox>(comboName);
+        const int index = combo->findText(QString::fromLatin1(item));
+        QVERIFY(index >= 0);
+        combo->setCurrentIndex(index);
+        emit combo->activated(index);
+    }
+    void DoubleClick(QListWidget* list, int row) {
+        list->setCurrentRow(row);
+        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {},
+                           list->visualItemRect(list->item(row)).center());
+    }
+    static QStringList Items(const QListWidget* list) {
+        QStringList items;
+        for (int i = 0; i < list->count(); ++i)
+            items << list->item(i)->text();
+        return items;
+    }
+
+private slots:
+    void init() {
+        folder = std::make_unique<TempFolder>();
+        modFunctions::EnsureProjectsFolder(folder->path());
+        modFunctions::CreateProjectFolders(folder->path(), "p");
+        session = std::make_unique<Session>();
+        session->appDir = folder->path();
+        session->ActiveProject = "p";
+        session->activeProjectCaption = [] { return std::string("p"); };
+        dialogs = std::make_unique<ScriptedDialogs>();
+        page = std::make_unique<FactionPropsPage>(*session, *dialogs);
+        page->AddFactions({{"li_p_grp", "Liberty", "0.0"}, {"x", "x", "0.0"}});
+    }
+    void cleanup() {
+        page.reset();
+        dialogs.reset();
+        session.reset();
+        folder.reset();
+    }
+
+    void LoadingStoresShownValuesAndReplacesNonOptionValues() {
+        TempFolder::Write(Sheet(), "[li_p_grp]\r\nLegality=Lawful\r\njump=sideways\r\n"
+                                   "scan_announce=True\r\nscan_chance=0.5\r\nlastname=226908\r\n");
+        QCOMPARE(Get<QComboBox>("cboFP_group")->currentText(), QString());
+        Pick(0);
+        QVERIFY(Get<QRadioButton>("Option2")->isChecked());
+        QVERIFY(Get<QRadioButton>("Option7")->isChecked());
+        QCOMPARE(Value("li_p_grp", "Legality"), "unlawful");
+        QCOMPARE(Value("li_p_grp", "jump"), "both");
+        // Shown as before the load, so not written.
+        QCOMPARE(Value("li_p_grp", "plurality"), "<absent>");
+        QCOMPARE(Value("li_p_grp", "msg_id_prefix"), "<absent>");
+        QCOMPARE(Get<QLineEdit>("txtFPScan")->text(), QStringLiteral("0.5"));
+        QCOMPARE(Get<QLineEdit>("txtFPLastname")->text(), QStringLiteral("226908"));
+        auto* prefix = Get<QComboBox>("cboFPprefix");
+        QCOMPARE(prefix->count(), 2);
+        QCOMPARE(prefix->itemText(0), QStringLiteral("gcs_refer_faction_li_p"));
+        QCOMPARE(prefix->itemText(1), QStringLiteral("ignore"));
+
+        // Re-picking the faction shown changes nothing on disk.
+        const std::string before = TempFolder::Read(Sheet());
+        Pick(0);
+        QCOMPARE(TempFolder::Read(Sheet()), before);
+
+        // A faction without a section stores the defaults its controls now show; its announce
+        // of "False" comes after the scan chance and resets it.
+        Pick(1);
+        QVERIFY(Get<QRadioButton>("Option1")->isChecked());
+        QCOMPARE(Value("x", "Legality"), "lawful");
+        QCOMPARE(Value("x", "jump"), "jumpgate");
+        QCOMPARE(Value("x", "scan_announce"), "False");
+        QCOMPARE(Value("x", "scan_chance"), "0.0");
+        QCOMPARE(Value("x", "lastname"), "");
+        QCOMPARE(Value("x", "plurality"), "<absent>");
+        QCOMPARE(prefix->count(), 1);
+        QCOMPARE(prefix->itemText(0), QStringLiteral("ignore"));
+        QVERIFY(dialogs->shown.empty());
+    }
+
+    void EditsAreStoredAtOnceUnderTheShownFaction() {
+        // Nothing is stored before a faction is shown.
+        Get<QLineEdit>("txtFPrank")->setText(QStringLiteral("early"));
+        QVERIFY(!platform::IsFile(Sheet()));
+        Pick(1);
+        Get<QLineEdit>("txtFPrank")->setText(QStringLiteral("198000"));
+        Get<QComboBox>("cboFPprefix")->setEditText(QStringLiteral("typed_prefix"));
+        PickItem("cboFPmc", "mc_ku");
+        Get<QRadioButton>("Option4")->setChecked(true);
+        Get<QRadioButton>("Option6")->setChecked(true);
+        QCOMPARE(Value("x", "rank_desig"), "198000");
+        QCOMPARE(Value("x", "msg_id_prefix"), "typed_prefix");
+        QCOMPARE(Value("x", "mc_costume"), "mc_ku");
+        QCOMPARE(Value("x", "plurality"), "plural");
+        QCOMPARE(Value("x", "jump"), "jumphole");
+
+        // "True" leaves the scan chance alone; picking "False" resets it.
+        PickItem("cboFPScanFracht", "True");
+        Get<QLineEdit>("txtFPScan")->setText(QStringLiteral("0.7"));
+        QCOMPARE(Value("x", "scan_announce"), "True");
+        QCOMPARE(Value("x", "scan_chance"), "0.7");
+        PickItem("cboFPScanFracht", "False");
+        QCOMPARE(Value("x", "scan_announce"), "False");
+        QCOMPARE(Value("x", "scan_chance"), "0.0");
+        QCOMPARE(Get<QLineEdit>("txtFPScan")->text(), QStringLiteral("0.0"));
+    }
+
+    void PickListsAddTwiceAndRemoveToAnEmptyFile() {
+        auto* ships = Get<QListWidget>("lstFPShips");
+        auto* add = Get<VantelButton>("VantelButton9");
+        Get<QComboBox>("cboFPShips")->setEditText(QStringLiteral("not_in_the_catalogue"));
+        add->click(); // no faction shown: nothing happens
+        QCOMPARE(ships->count(), 0);
+        Pick(1);
+        add->click();
+        add->click();
+        const std::string shipFile = File("\\faction_prop\\Shiplist_x.lst");
+        QCOMPARE(TempFolder::Read(shipFile),
+                 "not_in_the_catalogue\r\nnot_in_the_catalogue\r\n\r\n");
+        QCOMPARE(ships->count(), 2);
+
+        Get<QComboBox>("cboFPFormation")->setEditText(QStringLiteral("ANY"));
+        Get<VantelButton>("VantelButton12")->click(); // the second part is missing
+        Get<QComboBox>("cboFPformation2")->setEditText(QStringLiteral("convoy1"));
+        Get<VantelButton>("VantelButton12")->click();
+        QCOMPARE(TempFolder::Read(File("\\faction_prop\\Formationlist_x.lst")),
+                 "ANY, convoy1\r\n\r\n");
+
+        DoubleClick(ships, 1);
+        DoubleClick(ships, 0);
+        QCOMPARE(ships->count(), 0);
+        QCOMPARE(TempFolder::Read(shipFile), "\r\n");
+
+        // Loading reads the lists back, whatever capitals their files carry.
+        TempFolder::Write(File("\\faction_prop") + "/VOICELIST_x.LST", "walker\r\n   \r\n\r\n");
+        Pick(0);
+        Pick(1);
+        QCOMPARE(ships->count(), 0);
+        QCOMPARE(Items(Get<QListWidget>("lstFPVoice")), (QStringList{"walker", "   "}));
+        QCOMPARE(Items(Get<QListWidget>("lstFPformation")), QStringList{"ANY, convoy1"});
+        QCOMPARE(Get<QTabWidget>("SSTab2")->count(), 5);
+    }
+
+    void BodypartDialogEnablesOkAndUsesTheFactionShownWhenPressed() {
+        Pick(0);
+        Get<VantelButton>("VantelButton8")->click();
+        frmFPBodyparts* dialog = nullptr;
+        for (QWidget* widget : QApplication::topLevelWidgets())
+            if (widget->objectName() == QLatin1String("frmFPBodyparts") && widget->isVisible())
+                dialog = qobject_cast<frmFPBodyparts*>(widget);
+        QVERIFY(dialog);
+        QVERIFY(!dialog->isModal());
+        auto* ok = dialog->findChild<VantelButton*>(QStringLiteral("VantelButton1"));
+        auto* combo1 = dialog->findChild<QComboBox*>(QStringLiteral("Combo1"));
+        QCOMPARE(combo1->itemText(0), QStringLiteral("benchmark_male_head"));
+        QCOMPARE(combo1->currentText(), QString());
+        QVERIFY(!ok->isEnabled());
+        combo1->setEditText(QStringLiteral("li_captain_head"));
+        dialog->findChild<QComboBox*>(QStringLiteral("Combo2"))
+            ->setEditText(QStringLiteral("li_male_elite_body"));
+        QVERIFY(!ok->isEnabled());
+        auto* combo3 = dialog->findChild<QComboBox*>(QStringLiteral("Combo3"));
+        combo3->setEditText(QStringLiteral("comm_br_elite"));
+        QVERIFY(ok->isEnabled());
+        combo3->setEditText(QString());
+        QVERIFY(!ok->isEnabled());
+        combo3->setEditText(QStringLiteral("comm_br_elite"));
+
+        // The main window stays usable: another faction is picked before "OK".
+        Pick(1);
+        ok->click();
+        QCOMPARE(TempFolder::Read(File("\\faction_prop\\Bodylist_x.lst")),
+                 "li_captain_head, li_male_elite_body, comm_br_elite\r\n\r\n");
+        QVERIFY(!platform::IsFile(File("\\faction_prop\\Bodylist_li_p_grp.lst")));
+        QVERIFY(!dialog->isVisible());
+    }
+
+    void FailedWritesAreShownNamingTheFile() {
+        Pick(1);
+        platform::DeleteFolderTree(File("\\faction_prop"));
+        Get<QComboBox>("cboFPShips")->setEditText(QStringLiteral("li_n_cruiser_d22"));
+        Get<VantelButton>("VantelButton9")->click();
+        QCOMPARE(Get<QListWidget>("lstFPShips")->count(), 0);
+        Get<QLineEdit>("txtFPlsd")->setText(QStringLiteral("x"));
+        QCOMPARE(dialogs->shown.size(), std::size_t(2));
+        QVERIFY(dialogs->shown[0].text.contains(QStringLiteral("Shiplist_x.lst")));
+        QVERIFY(dialogs->shown[1].text.contains(QStringLiteral("grp.ini")));
+        // A load into the missing folder reports once.
+        Pick(0);
+        QCOMPARE(dialogs->shown.size(), std::size_t(3));
+    }
+
+    void CompileWalksThePickerAndWritesTheProtocol() {
+        page->ClearFactions();
+        Get<VantelButton>("btnCompileFP")->click();
+        QCOMPARE(TempFolder::Read(File("\\compiled\\faction_prop.ini")), "\r\n");
+        page->AddFactions({{"a", "a", "0.0"}, {"b", "b", "0.0"}});
+        Get<VantelButton>("btnCompileFP")->click();
+        const std::string out = TempFolder::Read(File("\\compiled\\faction_prop.ini"));
+        QVERIFY(out.starts_with("[FactionProps]\r\naffiliation = a\r\n"));
+        QVERIFY(out.find("affiliation = b\r\n") != std::string::npos);
+        QCOMPARE(Get<QProgressBar>("pgFP2")->value(), 2);
+        const std::string protocol = TempFolder::Read(File("\\protocol\\protocol.txt"));
+        QVERIFY(protocol.find("Faction_Prop.ini created...\r\n") != std::string::npos);
+        QVERIFY(protocol.find("Faction_Prop.ini created...", protocol.find("created...") + 1) !=
+                std::string::npos);
+        QVERIFY(dialogs->shown.empty());
+    }
+};
+
+QTEST_MAIN(FactionPropsPageTest)
+#include "FactionPropsPage_test.moc"
