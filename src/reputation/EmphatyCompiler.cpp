@@ -2,6 +2,7 @@
 
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
+#include "reputation/EmpathyRates.h"
 #include "reputation/ReputationFiles.h"
 
 namespace reputation {
@@ -35,12 +36,11 @@ std::string EmphatyText(const std::string& projectFolder, const std::vector<std:
         AppendLine(out, "group = ", g);
         for (std::size_t e = 0; e < EventKeys.size(); ++e)
             AppendLine(out, EventPrefixes[e], events->Read(g, EventKeys[e], DefaultValue));
-        const auto rates = txtReadWrite::LoadIni(EmpathyFile(projectFolder, g));
+        const EmpathyRates rates = EmpathyRates::Load(EmpathyFile(projectFolder, g));
         for (std::size_t j = 0; j < rows.size(); ++j) {
             const std::string& row = rows[j];
             if (row != g)
-                AppendLine(out, "emphaty_rate = ", row, ", ",
-                           rates->Read(row, "rep", DefaultValue));
+                AppendLine(out, "emphaty_rate = ", row, ", ", rates.Read(row, DefaultValue));
             if (progress) {
                 at.row = j + 1;
                 at.factionDone = false;
@@ -48,6 +48,9 @@ std::string EmphatyText(const std::string& projectFolder, const std::vector<std:
             }
         }
         out.append(CrLf);
+        // The blocks are alike in size: reserve for all of them once the first is known.
+        if (i == 0)
+            out.reserve(out.size() * factions.size() + out.size() / 8);
         if (progress) {
             at.row = rows.size();
             at.factionDone = true;

@@ -1,6 +1,7 @@
 #include "reputation/ReputationFiles.h"
 
 #include "core/txtReadWrite.h"
+#include "reputation/EmpathyRates.h"
 
 #include <stdexcept>
 
@@ -44,9 +45,9 @@ std::vector<std::string> ReadRates(const std::string& empathyFile,
     std::vector<std::string> rates;
     rates.reserve(towards.size());
     try {
-        const auto document = txtReadWrite::LoadIni(empathyFile);
+        const EmpathyRates stored = EmpathyRates::Load(empathyFile);
         for (const std::string& toward : towards)
-            rates.push_back(document->Read(toward, RateKey, DefaultValue));
+            rates.push_back(stored.Read(toward, DefaultValue));
     } catch (const std::exception&) {
         rates.assign(towards.size(), std::string(DefaultValue));
     }
