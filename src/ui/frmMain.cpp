@@ -142,6 +142,8 @@ void frmMain::BuildTopButtons() {
     VantelButton1 = MakeButton(this, "VantelButton1");
     VantelButton2 = MakeButton(this, "VantelButton2");
     VantelButton3 = MakeButton(this, "VantelButton3");
+    for (VantelButton* button : {VantelButton1, VantelButton2, VantelButton3})
+        button->setFixedSize(twips::ToPixels(ButtonWidth), twips::ToPixels(ButtonHeight));
     VantelButton3->setCaption(QStringLiteral("?"));
     QFont bold = VantelButton3->font();
     bold.setBold(true);
