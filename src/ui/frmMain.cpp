@@ -168,6 +168,8 @@ QWidget* frmMain::BuildProjectsPage() {
     txtZeit = new QLineEdit(QStringLiteral("80"), page);
     txtZeit->setObjectName(QStringLiteral("txtZeit"));
     txtZeit->hide();
+    Label1->setBuddy(Slider1);
+    Slider1->setAccessibleName(QStringLiteral("Scroll speed"));
     connect(Slider1, &QSlider::valueChanged, this, &frmMain::Slider1_Change);
 
     Label4 = MakeLabel(page, "Label4", QStringLiteral("-->"));
