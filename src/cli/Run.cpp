@@ -1,4 +1,5 @@
 #include "cli/Command.h"
+#include "core/ApplicationFolder.h"
 #include "core/modFunctions.h"
 #include "core/names.h"
 #include "core/platform.h"
@@ -82,7 +83,7 @@ void Print(Context& context, std::string_view bytes) {
 
 int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
     std::size_t i = 0;
-    std::string appDir = platform::ExecutableFolder();
+    std::string appDir;
     if (i < args.size() && (args[i] == "--help" || args[i] == "-h")) {
         PrintUsage(out);
         return Ok;
@@ -113,6 +114,12 @@ int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& e
                 << command->summary << "\n";
             return Ok;
         }
+    }
+    if (appDir.empty()) {
+        const auto choice = applicationFolder::Choose(platform::ExecutableFolder());
+        appDir = choice.folder;
+        if (!choice.problem.empty())
+            err << "orrindel-cli: " << choice.problem << "\n";
     }
     const auto appDirBytes = win1252::FromUtf8(appDir);
     if (!appDirBytes) {

@@ -1,3 +1,5 @@
+#include "core/ApplicationFolder.h"
+#include "core/platform.h"
 #include "core/txtReadWrite.h"
 #include "ui/Dialogs.h"
 #include "ui/Session.h"
@@ -6,56 +8,12 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QDirIterator>
-#include <QFile>
-#include <QFileInfo>
 #include <QIcon>
 #include <QMessageBox>
 #include <clocale>
 #include <optional>
 
 namespace {
-
-// The user's own data folder: $XDG_DATA_HOME/orrindel, by default ~/.local/share/orrindel.
-QString UserDataFolder() {
-    QString base = qEnvironmentVariable("XDG_DATA_HOME");
-    if (base.isEmpty() || !QDir::isAbsolutePath(base))
-        base = QDir::homePath() + QStringLiteral("/.local/share");
-    return base + QStringLiteral("/orrindel");
-}
-
-// Copies the shipped library into a folder that does not have one yet.
-bool SeedLibrary(const QString& shipped, const QString& target) {
-    if (QFileInfo::exists(target) || !QFileInfo(shipped).isDir())
-        return true;
-    bool ok = QDir().mkpath(target);
-    QDirIterator it(shipped, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden,
-                    QDirIterator::Subdirectories);
-    while (ok && it.hasNext()) {
-        const QString source = it.next();
-        const QString destination =
-            target + QLatin1Char('/') + QDir(shipped).relativeFilePath(source);
-        ok = it.fileInfo().isDir() ? QDir().mkpath(destination) : QFile::copy(source, destination);
-    }
-    return ok;
-}
-
-// Next to the program when it may write there (a copy unpacked or built in place); an
-// installed copy keeps its projects in the user's data folder, seeded from share/orrindel.
-QString ApplicationFolder(QString* problem) {
-    const QString exeDir = QCoreApplication::applicationDirPath();
-    const QString installed = QDir::cleanPath(exeDir + QStringLiteral("/../share/orrindel/data"));
-    const bool isInstalled =
-        QFileInfo(installed).isDir() && !QFileInfo::exists(exeDir + QStringLiteral("/data"));
-    if (QFileInfo(exeDir).isWritable() && !isInstalled)
-        return exeDir;
-    const QString user = UserDataFolder();
-    const QString shipped = isInstalled ? installed : exeDir + QStringLiteral("/data");
-    if (!SeedLibrary(shipped, user + QStringLiteral("/data")))
-        *problem = QStringLiteral("The original faction library could not be copied from %1 to %2.")
-                       .arg(shipped, user + QStringLiteral("/data"));
-    return user;
-}
 
 std::optional<QString> AppDirArgument(const QStringList& arguments, QString* problem) {
     const qsizetype at = arguments.indexOf(QStringLiteral("--app-dir"));
@@ -84,10 +42,13 @@ int main(int argc, char** argv) {
         dialogs.ShowError(problem);
         return 1;
     }
-    const QString appDir = folder.isEmpty() ? ApplicationFolder(&problem) : folder;
-    if (!problem.isEmpty())
-        dialogs.ShowError(problem);
-    QDir().mkpath(appDir + QStringLiteral("/projects"));
+    QString appDir = folder;
+    if (appDir.isEmpty()) {
+        const auto choice = applicationFolder::Choose(platform::ExecutableFolder());
+        appDir = QString::fromStdString(choice.folder);
+        if (!choice.problem.empty())
+            dialogs.ShowError(QString::fromStdString(choice.problem));
+    }
 
     const auto appDirBytes = text::ToFileExact(QDir::toNativeSeparators(appDir));
     if (!appDirBytes) {
