@@ -1,0 +1,90 @@
+// Import all of a 1000-entry library into an empty project: 54 empathy lines and 1000
+// starting reputations per entry, five entries in each of the five lists.
+#include "core/modFunctions.h"
+#include "import/Import.h"
+
+#include <benchmark/benchmark.h>
+#include <filesystem>
+#include <fstream>
+
+namespace {
+
+constexpr int Entries = 1000;
+
+std::string Nick(int i) {
+    return "f" + std::to_string(1000 + i) + "_grp";
+}
+
+void Write(const std::filesystem::path& path, const std::string& text) {
+    std::ofstream(path, std::ios::binary) << text;
+}
+
+// A library laid out like <app dir>\data, built once for every run.
+struct Library {
+    Library() {
+        std::string pattern =
+            (std::filesystem::temp_directory_path() / "orrindel-import-bench-XXXXXX").string();
+        app = ::mkdtemp(pattern.data());
+        const auto folder = [&](const char* name) {
+            auto path = std::filesystem::path(app) / "data" / name / "original_factions";
+            std::filesystem::create_directories(path);
+            return path;
+        };
+        const auto rep = folder("emphaty"), props = folder("faction_prop"),
+                   world = folder("initialworld");
+        for (int i = 0; i < Entries; ++i) {
+            std::string r = "[RepChangeEffects]\r\ngroup = " + Nick(i) +
+                            "\r\nevent = object_destruction, -0.05\r\n"
+                            "event = random_mission_success, 0.03\r\n"
+                            "event = random_mission_failure, -0.02\r\n"
+                            "event = random_mission_abortion, -0.01\r\n";
+            for (int j = 0; j < 54; ++j)
+                r += "emphaty_rate = " + Nick((i + j + 1) % Entries) + ", 0.1\r\n";
+            Write(rep / Nick(i), r);
+            std::string p = "[FactionProps]\r\naffiliation = " + Nick(i) +
+                            "\r\nlegality = lawful\r\nnickname_plurality = singular\r\n"
+                            "msg_id_prefix = gcs_refer_faction_x\r\njump_preference = jumpgate\r\n"
+                            "mc_costume = mc_li\r\nfirstname_male = 1, 2\r\nlastname = 3, 4\r\n"
+                            "scan_announce = True\r\nscan_chance = 0.5\r\n";
+            for (const char* key :
+                 {"npc_ship", "voice", "space_costume", "scan_for_cargo", "formation"})
+                for (int j = 0; j < 5; ++j)
+                    p += std::string(key) + " = item_" + std::to_string(j) + "\r\n";
+            Write(props / Nick(i), p);
+            std::string w = "[Group]\r\nnickname = " + Nick(i) +
+                            "\r\nids_name = 1\r\nids_info = 2\r\nids_short_name = 3\r\n";
+            for (int j = 0; j < Entries; ++j)
+                w += "rep = 0.25, " + Nick(j) + "\r\n";
+            Write(world / Nick(i), w);
+        }
+        modFunctions::EnsureProjectsFolder(app);
+    }
+    ~Library() { std::filesystem::remove_all(app); }
+    std::string app;
+};
+
+void BM_ImportAllIntoEmptyProject(benchmark::State& state) {
+    static Library library;
+    int run = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        const std::string name = "P" + std::to_string(run++);
+        modFunctions::CreateProjectFolders(library.app, name);
+        state.ResumeTiming();
+        const auto result = importer::ImportAllOriginalFactions(
+            library.app, modFunctions::ProjectPath(library.app, name));
+        benchmark::DoNotOptimize(result.imported.size());
+        state.PauseTiming();
+        modFunctions::DeleteProjectFolder(library.app, name);
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_ImportAllIntoEmptyProject)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(1)
+    ->Repetitions(7)
+    ->ReportAggregatesOnly(true);
+
+} // namespace
+
+BENCHMARK_MAIN();
