@@ -1,0 +1,83 @@
+#include "LibraryFixture.h"
+#include "factionprops/FactionPropCompiler.h"
+#include "import/CutLibrary.h"
+#include "import/Import.h"
+#include "initialworld/InitialWorldCompiler.h"
+#include "reputation/EmphatyCompiler.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+
+using namespace importer;
+
+namespace {
+
+void CompileAll(const std::string& project, const std::vector<std::string>& factions) {
+    reputation::CompileEmphaty(project, factions, factions);
+    factionprops::CompileFactionProp(project, factions);
+    initialworld::CompileInitialWorld(project, factions, factions);
+}
+
+std::string Compiled(const std::string& project, const char* name) {
+    return txtReadWrite::ReadFileText(project + "\\compiled\\" + name);
+}
+
+} // namespace
+
+TEST(CutBlocks, SkipsTheHeadAndDropsTheSeparatingEmptyLines) {
+    const auto blocks =
+        CutBlocks("//comment\r\n\r\n[Group]\r\nnickname = a_grp\r\nrep = 1, a_grp\r\n"
+                  "\r\n\r\n[Group]\r\nnickname = b_grp\r\n",
+                  "[Group]", "nickname");
+    ASSERT_EQ(blocks.size(), 2u);
+    EXPECT_EQ(blocks[0].name, "a_grp");
+    EXPECT_EQ(blocks[0].lines,
+              (std::vector<std::string>{"[Group]", "nickname = a_grp", "rep = 1, a_grp"}));
+    EXPECT_EQ(blocks[1].name, "b_grp");
+}
+
+TEST(CutLibrary, RefusedOrRepeatedNamesWriteNothing) {
+    TempFolder temp;
+    TempFolder::Write(temp / "e.ini", "[RepChangeEffects]\r\ngroup = a_grp\r\n"
+                                      "[RepChangeEffects]\r\ngroup = A_GRP\r\n");
+    TempFolder::Write(temp / "f.ini", "[FactionProps]\r\naffiliation = x:y\r\n");
+    EXPECT_THROW(CutLibrary(temp / "lib", {temp / "e.ini", {}, {}}), CutError);
+    EXPECT_THROW(CutLibrary(temp / "lib", {{}, temp / "f.ini", {}}), CutError);
+    EXPECT_FALSE(std::filesystem::exists(temp / "lib"));
+}
+
+// Compile a project, cut a library from the three files, import it all into a new project
+// whose registry then follows the library's order, compile again: the same three files.
+TEST(CutLibrary, RoundTripGivesTheSameCompiledFiles) {
+    LibraryFixture source;
+    const std::vector<std::string> factions = {"Ab_grp", "cd_grp", "ef_grp"};
+    const std::string p = source.project();
+    for (const std::string& n : factions) {
+        txtReadWrite::WriteIni(n, "grp", n, p + "\\misc\\factions.ini");
+        txtReadWrite::WriteIni(n, "o_d", "-0.1", p + "\\emphaty\\new\\grp.ini");
+        txtReadWrite::WriteIni(n, "Legality", "unlawful", p + "\\faction_prop\\grp.ini");
+        txtReadWrite::WriteIni(n, "mc_costume", "mc_li", p + "\\faction_prop\\grp.ini");
+        txtReadWrite::WriteIni(n, "rank_desig", "1, 2, 3", p + "\\faction_prop\\grp.ini");
+        txtReadWrite::WriteFileText(p + "\\faction_prop\\Shiplist_" + n + ".lst", "s1\r\ns2\r\n");
+        txtReadWrite::WriteFileText(p + "\\faction_prop\\Formationlist_" + n + ".lst",
+                                    "fighters, fighter_basic\r\n");
+        txtReadWrite::WriteIni(n, "ids_name", "77", p + "\\initialworld\\grp.ini");
+        for (const std::string& other : factions) {
+            txtReadWrite::WriteIni(other, "rep", "0.3", p + "\\emphaty\\new\\reps_" + n + ".facts");
+            txtReadWrite::WriteIni(n, other, "-0.5", p + "\\initialworld\\grp.ini");
+        }
+    }
+    CompileAll(p, factions);
+
+    LibraryFixture target;
+    const auto cut = CutLibrary(target.app() + "/data",
+                                {p + "\\compiled\\emphaty.ini", p + "\\compiled\\faction_prop.ini",
+                                 p + "\\compiled\\initialworld.ini"});
+    EXPECT_EQ(cut.reputation, factions);
+    const auto result = ImportAllOriginalFactions(target.app(), target.project());
+    EXPECT_EQ(result.imported, factions);
+    EXPECT_TRUE(result.refused.empty());
+    CompileAll(target.project(), factions);
+    for (const char* name : {"emphaty.ini", "faction_prop.ini", "initialworld.ini"})
+        EXPECT_EQ(Compiled(target.project(), name), Compiled(p, name)) << name;
+}
