@@ -3,6 +3,7 @@
 #include "core/names.h"
 
 #include <algorithm>
+#include <array>
 
 namespace ini {
 
@@ -55,7 +56,7 @@ bool IsBlankLine(std::string_view text) {
 }
 
 // The section name of a section line; nullopt for any other line.
-std::optional<std::string_view> SectionName(std::string_view text) {
+std::optional<std::string_view> SectionNameOf(std::string_view text) {
     std::size_t i = 0;
     while (i < text.size() && IsBlank(text[i]))
         ++i;
@@ -68,48 +69,178 @@ std::optional<std::string_view> SectionName(std::string_view text) {
     return Trim(rest);
 }
 
+// The key of a value line (blanks removed); nullopt for a line without "=".
+std::optional<std::string_view> KeyOf(std::string_view text) {
+    const std::size_t equals = text.find('=');
+    if (equals == std::string_view::npos)
+        return std::nullopt;
+    return Trim(text.substr(0, equals));
+}
+
+const std::array<unsigned char, 256>& FoldTable() {
+    static const std::array<unsigned char, 256> table = [] {
+        std::array<unsigned char, 256> t{};
+        for (int c = 0; c < 256; ++c)
+            t[static_cast<std::size_t>(c)] = names::FoldByte(static_cast<unsigned char>(c));
+        return t;
+    }();
+    return table;
+}
+
+std::uint64_t FoldedHash(std::string_view name) {
+    const auto& fold = FoldTable();
+    std::uint64_t hash = 1469598103934665603ull;
+    for (const char c : name) {
+        hash ^= fold[static_cast<unsigned char>(c)];
+        hash *= 1099511628211ull;
+    }
+    return hash;
+}
+
+bool FoldedEqual(std::string_view a, std::string_view b) {
+    if (a.size() != b.size())
+        return false;
+    const auto& fold = FoldTable();
+    for (std::size_t i = 0; i < a.size(); ++i)
+        if (fold[static_cast<unsigned char>(a[i])] != fold[static_cast<unsigned char>(b[i])])
+            return false;
+    return true;
+}
+
+constexpr std::string_view EndingBytes(std::uint8_t ending) {
+    return ending == 2   ? std::string_view("\r\n")
+           : ending == 1 ? std::string_view("\n")
+                         : std::string_view();
+}
+
 } // namespace
 
-IniDocument::IniDocument(std::string_view bytes) {
+// ---- NameIndex ----
+
+template <typename NameOf>
+std::optional<std::uint32_t> IniDocument::NameIndex::Find(std::string_view name, std::uint64_t hash,
+                                                          const NameOf& nameOf) const {
+    if (slots_.empty())
+        return std::nullopt;
+    const std::size_t mask = slots_.size() - 1;
+    const auto shortHash = static_cast<std::uint32_t>(hash);
+    for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
+        const Slot& slot = slots_[i];
+        if (slot.id == Empty)
+            return std::nullopt;
+        if (slot.hash == shortHash && FoldedEqual(nameOf(slot.id), name))
+            return slot.id;
+    }
+}
+
+template <typename NameOf>
+bool IniDocument::NameIndex::Insert(std::string_view name, std::uint64_t hash, std::uint32_t id,
+                                    const NameOf& nameOf) {
+    if ((count_ + 1) * 2 > slots_.size())
+        Grow();
+    const std::size_t mask = slots_.size() - 1;
+    const auto shortHash = static_cast<std::uint32_t>(hash);
+    for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
+        Slot& slot = slots_[i];
+        if (slot.id == Empty) {
+            slot = {id, shortHash};
+            ++count_;
+            return true;
+        }
+        if (slot.hash == shortHash && FoldedEqual(nameOf(slot.id), name))
+            return false;
+    }
+}
+
+void IniDocument::NameIndex::Grow() {
+    // The stored 32 bits of each hash place it again; names need not be looked at.
+    std::vector<Slot> old = std::move(slots_);
+    slots_.assign(std::max<std::size_t>(8, old.size() * 2), Slot{});
+    const std::size_t mask = slots_.size() - 1;
+    for (const Slot& slot : old) {
+        if (slot.id == Empty)
+            continue;
+        std::size_t i = slot.hash & mask;
+        while (slots_[i].id != Empty)
+            i = (i + 1) & mask;
+        slots_[i] = slot;
+    }
+}
+
+// ---- IniDocument ----
+
+IniDocument::IniDocument(std::string_view bytes) : bytes_(bytes) {
+    const std::string_view all = bytes_;
     std::size_t pos = 0;
-    while (pos < bytes.size()) {
-        const std::size_t lf = bytes.find('\n', pos);
+    while (pos < all.size()) {
+        const std::size_t lf = all.find('\n', pos);
         if (lf == std::string_view::npos) {
-            AddLine(bytes.substr(pos), "");
+            AddLine(0, pos, all.size() - pos, Ending::None);
             break;
         }
-        const bool crlf = lf > pos && bytes[lf - 1] == '\r';
+        const bool crlf = lf > pos && all[lf - 1] == '\r';
         const std::size_t textEnd = crlf ? lf - 1 : lf;
-        AddLine(bytes.substr(pos, textEnd - pos), crlf ? "\r\n" : "\n");
+        AddLine(0, pos, textEnd - pos, crlf ? Ending::CrLf : Ending::Lf);
         pos = lf + 1;
     }
 }
 
-void IniDocument::AddLine(std::string_view text, std::string_view ending) {
-    const std::size_t index = lines_.size();
-    lines_.push_back({std::string(text), std::string(ending)});
-    if (const auto name = SectionName(text)) {
-        sectionIndex_.try_emplace(ini::Fold(*name), sections_.size());
-        sections_.push_back({std::string(*name), index, index, {}});
+std::string_view IniDocument::Text(const Line& line) const {
+    const std::string& store = line.store == 0 ? bytes_ : owned_[line.store - 1];
+    return std::string_view(store).substr(line.offset, line.length);
+}
+
+std::string_view IniDocument::SectionName(std::size_t section) const {
+    return *SectionNameOf(Text(sections_[section].header));
+}
+
+std::string_view IniDocument::KeyOfLine(std::size_t line) const {
+    return *KeyOf(Text(line));
+}
+
+std::uint32_t IniDocument::Own(std::string text) {
+    owned_.push_back(std::move(text));
+    return static_cast<std::uint32_t>(owned_.size());
+}
+
+void IniDocument::AddLine(std::uint32_t store, std::size_t offset, std::size_t length,
+                          Ending ending) {
+    const auto index = static_cast<std::uint32_t>(lines_.size());
+    lines_.push_back(
+        {store, static_cast<std::uint32_t>(offset), static_cast<std::uint32_t>(length), ending});
+    const std::string_view text = Text(lines_.back());
+    if (const auto name = SectionNameOf(text)) {
+        const auto number = static_cast<std::uint32_t>(sections_.size());
+        sections_.push_back({index, index, {}});
+        sectionIndex_.Insert(*name, FoldedHash(*name), number,
+                             [this](std::uint32_t id) { return SectionName(id); });
         return;
     }
     if (sections_.empty())
         return;
     Section& section = sections_.back();
     section.lastLine = index;
-    const std::size_t equals = text.find('=');
-    if (equals != std::string_view::npos)
-        section.keys.try_emplace(ini::Fold(Trim(text.substr(0, equals))), index);
-}
-
-IniDocument::Section* IniDocument::FindSection(std::string_view section) {
-    const auto it = sectionIndex_.find(ini::Fold(section));
-    return it == sectionIndex_.end() ? nullptr : &sections_[it->second];
+    if (const auto key = KeyOf(text)) {
+        const std::uint32_t header = section.header;
+        section.keys.Insert(*key, FoldedHash(*key), index - header,
+                            [this, header](std::uint32_t id) { return KeyOfLine(header + id); });
+    }
 }
 
 const IniDocument::Section* IniDocument::FindSection(std::string_view section) const {
-    const auto it = sectionIndex_.find(ini::Fold(section));
-    return it == sectionIndex_.end() ? nullptr : &sections_[it->second];
+    const auto found = sectionIndex_.Find(section, FoldedHash(section),
+                                          [this](std::uint32_t id) { return SectionName(id); });
+    return found ? &sections_[*found] : nullptr;
+}
+
+std::optional<std::size_t> IniDocument::FindKeyLine(const Section& section,
+                                                    std::string_view key) const {
+    const std::uint32_t header = section.header;
+    const auto found = section.keys.Find(
+        key, FoldedHash(key), [this, header](std::uint32_t id) { return KeyOfLine(header + id); });
+    if (!found)
+        return std::nullopt;
+    return header + *found;
 }
 
 std::optional<std::string_view> IniDocument::Stored(std::string_view section,
@@ -117,10 +248,10 @@ std::optional<std::string_view> IniDocument::Stored(std::string_view section,
     const Section* found = FindSection(section);
     if (!found)
         return std::nullopt;
-    const auto it = found->keys.find(ini::Fold(key));
-    if (it == found->keys.end())
+    const auto line = FindKeyLine(*found, key);
+    if (!line)
         return std::nullopt;
-    const std::string_view text = lines_[it->second].text;
+    const std::string_view text = Text(*line);
     return Trim(text.substr(text.find('=') + 1));
 }
 
@@ -134,42 +265,47 @@ std::string IniDocument::Read(std::string_view section, std::string_view key,
 
 bool IniDocument::Write(std::string_view section, std::string_view key, std::string_view value) {
     const std::string escaped = ini::EscapeLineBreaks(value);
-    Section* found = FindSection(section);
-    if (!found) {
-        if (!lines_.empty() && lines_.back().ending.empty())
-            lines_.back().ending = "\r\n";
-        AddLine("[" + std::string(section) + "]", "\r\n");
-        AddLine(std::string(key) + "=" + escaped, "\r\n");
+    const Section* constFound = FindSection(section);
+    if (!constFound) {
+        if (!lines_.empty() && lines_.back().ending == Ending::None)
+            lines_.back().ending = Ending::CrLf;
+        const std::string header = "[" + std::string(section) + "]";
+        AddLine(Own(header), 0, header.size(), Ending::CrLf);
+        const std::string line = std::string(key) + "=" + escaped;
+        AddLine(Own(line), 0, line.size(), Ending::CrLf);
         return true;
     }
-    const auto it = found->keys.find(ini::Fold(key));
-    if (it != found->keys.end()) {
-        Line& line = lines_[it->second];
-        const std::string_view text = line.text;
+    Section& found = sections_[static_cast<std::size_t>(constFound - sections_.data())];
+    if (const auto at = FindKeyLine(found, key)) {
+        const std::string_view text = Text(*at);
         const std::size_t equals = text.find('=');
         if (Trim(text.substr(equals + 1)) == escaped)
             return false;
-        line.text = std::string(Trim(text.substr(0, equals))) + "=" + escaped;
+        // The key keeps its spelling (and so its place in the index).
+        std::string line = std::string(Trim(text.substr(0, equals))) + "=" + escaped;
+        const auto length = static_cast<std::uint32_t>(line.size());
+        lines_[*at] = {Own(std::move(line)), 0, length, lines_[*at].ending};
         return true;
     }
     // A new key goes right after the section's last non-blank line.
-    std::size_t after = found->lastLine;
-    while (after > found->header && IsBlankLine(lines_[after].text))
+    std::size_t after = found.lastLine;
+    while (after > found.header && IsBlankLine(Text(after)))
         --after;
-    if (lines_[after].ending.empty())
-        lines_[after].ending = "\r\n";
-    const std::size_t index = after + 1;
-    lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(index),
-                  Line{std::string(key) + "=" + escaped, "\r\n"});
-    // The section's own keys all lie before the new line; only later sections move down.
-    found->lastLine = std::max(found->lastLine + 1, index);
-    for (auto s = sections_.begin() + (found - sections_.data()) + 1; s != sections_.end(); ++s) {
+    if (lines_[after].ending == Ending::None)
+        lines_[after].ending = Ending::CrLf;
+    const auto index = static_cast<std::uint32_t>(after + 1);
+    std::string line = std::string(key) + "=" + escaped;
+    const auto length = static_cast<std::uint32_t>(line.size());
+    lines_.insert(lines_.begin() + index, Line{Own(std::move(line)), 0, length, Ending::CrLf});
+    // Keys are kept relative to their header, so only later headers move.
+    ++found.lastLine;
+    for (auto s = sections_.begin() + (&found - sections_.data()) + 1; s != sections_.end(); ++s) {
         ++s->header;
         ++s->lastLine;
-        for (auto& entry : s->keys)
-            ++entry.second;
     }
-    found->keys.try_emplace(ini::Fold(key), index);
+    const std::uint32_t header = found.header;
+    found.keys.Insert(key, FoldedHash(key), index - header,
+                      [this, header](std::uint32_t id) { return KeyOfLine(header + id); });
     return true;
 }
 
@@ -180,20 +316,20 @@ bool IniDocument::HasSection(std::string_view section) const {
 std::vector<std::string> IniDocument::SectionNames() const {
     std::vector<std::string> out;
     out.reserve(sections_.size());
-    for (const Section& s : sections_)
-        out.push_back(s.name);
+    for (std::size_t i = 0; i < sections_.size(); ++i)
+        out.emplace_back(SectionName(i));
     return out;
 }
 
 std::string IniDocument::Bytes() const {
     std::size_t size = 0;
     for (const Line& line : lines_)
-        size += line.text.size() + line.ending.size();
+        size += line.length + 2;
     std::string out;
     out.reserve(size);
     for (const Line& line : lines_) {
-        out += line.text;
-        out += line.ending;
+        out += Text(line);
+        out += EndingBytes(static_cast<std::uint8_t>(line.ending));
     }
     return out;
 }

@@ -1,11 +1,12 @@
 #pragma once
-// One INI file held in memory: its lines byte for byte, plus an index of sections
-// and keys, so that edits touch only the lines they must.
+// One INI file held in memory: its lines byte for byte, plus an index of sections and
+// keys, so that edits touch only the lines they must. Parsing allocates little: lines are
+// views into the file's bytes until they are rewritten, and the indexes are flat tables.
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 class IniDocument {
@@ -30,23 +31,55 @@ public:
     bool Empty() const { return lines_.empty(); }
 
 private:
+    enum class Ending : std::uint8_t { None, Lf, CrLf };
     struct Line {
-        std::string text;   // without its line end
-        std::string ending; // "\r\n", "\n" or "" (last line only)
+        std::uint32_t store;  // 0: the parsed bytes; n: owned_[n - 1]
+        std::uint32_t offset; // within the store
+        std::uint32_t length; // without the line end
+        Ending ending;
+    };
+    // Open-addressing table of ids (line offsets or section numbers) by case-folded name.
+    class NameIndex {
+    public:
+        template <typename NameOf>
+        std::optional<std::uint32_t> Find(std::string_view name, std::uint64_t hash,
+                                          const NameOf& nameOf) const;
+        // Keeps the first occurrence: false when the name is there already.
+        template <typename NameOf>
+        bool Insert(std::string_view name, std::uint64_t hash, std::uint32_t id,
+                    const NameOf& nameOf);
+        std::size_t Size() const { return count_; }
+
+    private:
+        struct Slot {
+            std::uint32_t id = Empty;
+            std::uint32_t hash = 0;
+        };
+        static constexpr std::uint32_t Empty = 0xFFFFFFFFu;
+        void Grow();
+        std::vector<Slot> slots_;
+        std::size_t count_ = 0;
     };
     struct Section {
-        std::string name;
-        std::size_t header = 0;                            // line index of the section line
-        std::size_t lastLine = 0;                          // last line before the next section line
-        std::unordered_map<std::string, std::size_t> keys; // folded key -> line (first only)
+        std::uint32_t header = 0;   // line of the section line
+        std::uint32_t lastLine = 0; // last line before the next section line
+        NameIndex keys;             // key -> line offset from the header
     };
-    void AddLine(std::string_view text, std::string_view ending);
-    Section* FindSection(std::string_view section);
-    const Section* FindSection(std::string_view section) const;
 
+    std::string_view Text(const Line& line) const;
+    std::string_view Text(std::size_t line) const { return Text(lines_[line]); }
+    std::string_view SectionName(std::size_t section) const;
+    std::string_view KeyOfLine(std::size_t line) const;
+    void AddLine(std::uint32_t store, std::size_t offset, std::size_t length, Ending ending);
+    const Section* FindSection(std::string_view section) const;
+    std::optional<std::size_t> FindKeyLine(const Section& section, std::string_view key) const;
+    std::uint32_t Own(std::string text);
+
+    std::string bytes_;
+    std::vector<std::string> owned_;
     std::vector<Line> lines_;
     std::vector<Section> sections_;
-    std::unordered_map<std::string, std::size_t> sectionIndex_; // folded name -> first section
+    NameIndex sectionIndex_; // section name -> number of its first occurrence
 };
 
 namespace ini {
