@@ -158,6 +158,40 @@ FileStamp StampFrom(const struct stat& st) {
 }
 } // namespace
 
+std::string PathResolver::Resolve(std::string_view path) {
+    const std::string given(path);
+    if (const auto it = resolved_.find(given); it != resolved_.end())
+        return it->second;
+    std::string host = HostPath(path);
+    std::string result;
+    const auto slash = host.find_last_of('/');
+    if (host.empty() || Exists(host) || slash == std::string::npos) {
+        result = slash == std::string::npos ? ResolvePath(path) : host;
+    } else {
+        const std::string parent = slash == 0 ? "/" : Resolve(host.substr(0, slash));
+        const std::string name = host.substr(slash + 1);
+        const auto& listing = Listing(parent);
+        const auto match = listing.find(names::Folded(name));
+        result =
+            (parent == "/" ? "" : parent) + "/" + (match == listing.end() ? name : match->second);
+    }
+    resolved_.emplace(given, result);
+    return result;
+}
+
+const std::unordered_map<std::string, std::string>&
+PathResolver::Listing(const std::string& folder) {
+    auto [it, inserted] = listings_.try_emplace(folder);
+    if (inserted) {
+        if (DIR* dir = ::opendir(folder.c_str())) {
+            while (const dirent* entry = ::readdir(dir))
+                it->second.try_emplace(names::Folded(entry->d_name), entry->d_name);
+            ::closedir(dir);
+        }
+    }
+    return it->second;
+}
+
 std::optional<FileStamp> StampOf(std::string_view path) {
     struct stat st {};
     if (::stat(ResolvePath(path).c_str(), &st) != 0 || !S_ISREG(st.st_mode))
@@ -300,8 +334,11 @@ StagedReplacement::~StagedReplacement() {
 }
 
 void StagedReplacement::Stage(std::string_view path, std::string_view bytes) {
-    const std::string target = ResolvePath(path);
-    staged_.push_back({target, WriteTemporary(target, bytes)});
+    StageResolved(ResolvePath(path), bytes);
+}
+
+void StagedReplacement::StageResolved(const std::string& hostPath, std::string_view bytes) {
+    staged_.push_back({hostPath, WriteTemporary(hostPath, bytes)});
 }
 
 void StagedReplacement::Commit() {

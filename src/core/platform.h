@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace platform {
@@ -23,6 +24,19 @@ private:
 // Maps a "\"-separated path onto the disk: each existing component is found without
 // regard to case (keeping its spelling on disk); missing components keep the given spelling.
 std::string ResolvePath(std::string_view path);
+
+// Resolves many paths in a row, reading each folder's listing at most once: a batch that
+// creates thousands of new files in a few folders would otherwise rescan them every time.
+class PathResolver {
+public:
+    std::string Resolve(std::string_view path);
+
+private:
+    const std::unordered_map<std::string, std::string>& Listing(const std::string& folder);
+    std::unordered_map<std::string, std::string> resolved_; // given path -> on disk
+    // folder -> folded entry name -> entry name as spelled on disk
+    std::unordered_map<std::string, std::unordered_map<std::string, std::string>> listings_;
+};
 
 // Size, modification time and identity of a file, to tell whether it changed.
 struct FileStamp {
@@ -71,7 +85,9 @@ public:
     StagedReplacement& operator=(const StagedReplacement&) = delete;
     ~StagedReplacement();
     void Stage(std::string_view path, std::string_view bytes); // throws FileError
-    void Commit();                                             // throws FileError
+    // The same for a path that was resolved already (a host path).
+    void StageResolved(const std::string& hostPath, std::string_view bytes);
+    void Commit(); // throws FileError
 
 private:
     struct Staged {

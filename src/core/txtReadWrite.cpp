@@ -192,13 +192,16 @@ std::string ReadFileLine(const std::string& path, long lineNumber) {
 // ---- Transaction ----
 
 Transaction::Pending& Transaction::Slot(const std::string& file) {
-    const std::string resolved = platform::ResolvePath(file);
+    if (const auto known = keyOf_.find(file); known != keyOf_.end())
+        return pending_.at(known->second);
+    const std::string resolved = resolver_.Resolve(file);
     const std::string keyName = names::Folded(resolved);
     auto [it, inserted] = pending_.try_emplace(keyName);
     if (inserted) {
         it->second.file = resolved;
         order_.push_back(keyName);
     }
+    keyOf_.emplace(file, keyName);
     return it->second;
 }
 
@@ -242,7 +245,7 @@ void Transaction::Commit() {
         if (!slot.changed)
             continue;
         try {
-            replacement.Stage(slot.file, slot.isIni ? slot.ini->Bytes() : slot.text);
+            replacement.StageResolved(slot.file, slot.isIni ? slot.ini->Bytes() : slot.text);
         } catch (const platform::FileError& error) {
             if (slot.isIni)
                 throw IniWriteError(slot.file, error.what());
@@ -258,6 +261,7 @@ void Transaction::Commit() {
             Cache().Forget(slot.file);
     }
     pending_.clear();
+    keyOf_.clear();
     order_.clear();
 }
 

@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 // A failed INI write (the "invalid procedure call or argument" error, number 5).
@@ -71,8 +72,10 @@ private:
         bool changed = false;
     };
     Pending& Slot(const std::string& file);
-    std::map<std::string, Pending> pending_; // keyed by resolved path
+    std::map<std::string, Pending> pending_;             // keyed by the folded resolved path
+    std::unordered_map<std::string, std::string> keyOf_; // given path -> key in pending_
     std::vector<std::string> order_;
+    platform::PathResolver resolver_;
 };
 
 } // namespace txtReadWrite

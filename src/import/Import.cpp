@@ -40,64 +40,6 @@ void CheckName(std::string_view nickname, const std::string& path) {
         throw LibraryError(path, 0, "the library name is refused: " + *reason);
 }
 
-// The writes of one run, gathered per file. A transaction resolves a file's path on every
-// call; an import all makes a million INI writes into four files, so each INI file is
-// parsed here once, edited in memory, and handed to the transaction whole at the end.
-// Whole-file writes go to the transaction directly.
-class Batch {
-public:
-    explicit Batch(txtReadWrite::Transaction& transaction) : transaction_(transaction) {}
-
-    void WriteIni(std::string_view section, std::string_view key, std::string_view value,
-                  const std::string& file) {
-        auto it = documents_.find(file);
-        if (it == documents_.end()) {
-            const auto stored = txtReadWrite::LoadIni(file);
-            const std::string bytes = stored->Bytes();
-            Document document{*stored, false, bytes.empty() || bytes.ends_with("\r\n")};
-            it = documents_.emplace(file, std::move(document)).first;
-            order_.push_back(file);
-        }
-        Document& document = it->second;
-        if (!document.whole) {
-            // A file whose last line has no line end keeps that: the transaction writes it.
-            transaction_.WriteIni(section, key, value, file);
-            return;
-        }
-        if (document.ini.Write(section, key, value))
-            document.changed = true;
-    }
-
-    void WriteFileText(const std::string& path, std::string_view text) {
-        transaction_.WriteFileText(path, text);
-    }
-
-    // Hands the edited documents to the transaction; their bytes end in the CR LF that the
-    // text writer adds back.
-    void Flush() {
-        for (const std::string& file : order_) {
-            const Document& document = documents_.at(file);
-            if (!document.whole || !document.changed)
-                continue;
-            std::string bytes = document.ini.Bytes();
-            bytes.resize(bytes.size() - 2);
-            transaction_.WriteFileText(file, bytes);
-        }
-        documents_.clear();
-        order_.clear();
-    }
-
-private:
-    struct Document {
-        IniDocument ini;
-        bool changed;
-        bool whole; // empty or ending in CR LF, so that its bytes can go as text
-    };
-    txtReadWrite::Transaction& transaction_;
-    std::unordered_map<std::string, Document> documents_;
-    std::vector<std::string> order_;
-};
-
 OriginalFaction ReadFrom(std::string_view appDir, std::string_view reputationName,
                          std::string_view propName, std::string_view worldName) {
     OriginalFaction faction;
@@ -110,7 +52,9 @@ OriginalFaction ReadFrom(std::string_view appDir, std::string_view reputationNam
     return faction;
 }
 
-void WriteOriginalFaction(Batch& transaction, const OriginalFaction& faction,
+} // namespace
+
+void WriteOriginalFaction(txtReadWrite::Transaction& transaction, const OriginalFaction& faction,
                           const std::string& projectFolder) {
     const std::string& n = faction.nickname;
     const auto path = [&](std::string_view piece) { return projectFolder + std::string(piece); };
@@ -152,8 +96,6 @@ void WriteOriginalFaction(Batch& transaction, const OriginalFaction& faction,
         transaction.WriteIni(n, entry.nickname, entry.value, worldFile);
 }
 
-} // namespace
-
 OriginalFaction ReadOriginalFaction(std::string_view appDir, std::string_view nickname) {
     return ReadFrom(appDir, nickname, nickname, nickname);
 }
@@ -162,9 +104,7 @@ void ImportOriginalFaction(std::string_view appDir, std::string_view nickname,
                            const std::string& projectFolder) {
     const OriginalFaction faction = ReadOriginalFaction(appDir, nickname);
     txtReadWrite::Transaction transaction;
-    Batch batch(transaction);
-    WriteOriginalFaction(batch, faction, projectFolder);
-    batch.Flush();
+    WriteOriginalFaction(transaction, faction, projectFolder);
     transaction.Commit();
 }
 
@@ -204,16 +144,15 @@ ImportAllResult ImportAllOriginalFactions(std::string_view appDir, const std::st
     }
 
     progress.setMaximum(entries.empty() ? 0 : static_cast<int>(entries.size()) - 1);
+    // One transaction for the whole run: each file is parsed once and written once.
     txtReadWrite::Transaction transaction;
-    Batch batch(transaction);
     for (std::size_t i = 0; i < good.size(); ++i) {
         if (!good[i].nickname.empty()) {
-            WriteOriginalFaction(batch, good[i], projectFolder);
+            WriteOriginalFaction(transaction, good[i], projectFolder);
             result.imported.push_back(good[i].nickname);
         }
         progress.setValue(static_cast<int>(i));
     }
-    batch.Flush();
     transaction.Commit();
     return result;
 }
