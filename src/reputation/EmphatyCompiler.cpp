@@ -2,7 +2,6 @@
 
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
-#include "reputation/EmpathyRates.h"
 #include "reputation/ReputationFiles.h"
 
 namespace reputation {
@@ -36,11 +35,12 @@ std::string EmphatyText(const std::string& projectFolder, const std::vector<std:
         AppendLine(out, "group = ", g);
         for (std::size_t e = 0; e < EventKeys.size(); ++e)
             AppendLine(out, EventPrefixes[e], events->Read(g, EventKeys[e], DefaultValue));
-        const EmpathyRates rates = EmpathyRates::Load(EmpathyFile(projectFolder, g));
+        const auto rates = txtReadWrite::LoadIni(EmpathyFile(projectFolder, g));
         for (std::size_t j = 0; j < rows.size(); ++j) {
             const std::string& row = rows[j];
             if (row != g)
-                AppendLine(out, "emphaty_rate = ", row, ", ", rates.Read(row, DefaultValue));
+                AppendLine(out, "emphaty_rate = ", row, ", ",
+                           rates->Read(row, "rep", DefaultValue));
             if (progress) {
                 at.row = j + 1;
                 at.factionDone = false;

@@ -1,7 +1,6 @@
 #include "reputation/ReputationFiles.h"
 
 #include "core/txtReadWrite.h"
-#include "reputation/EmpathyRates.h"
 
 #include <stdexcept>
 
@@ -45,9 +44,9 @@ std::vector<std::string> ReadRates(const std::string& empathyFile,
     std::vector<std::string> rates;
     rates.reserve(towards.size());
     try {
-        const EmpathyRates stored = EmpathyRates::Load(empathyFile);
+        const auto stored = txtReadWrite::LoadIni(empathyFile);
         for (const std::string& toward : towards)
-            rates.push_back(stored.Read(toward, DefaultValue));
+            rates.push_back(stored->Read(toward, RateKey, DefaultValue));
     } catch (const std::exception&) {
         rates.assign(towards.size(), std::string(DefaultValue));
     }
