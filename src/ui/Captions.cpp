@@ -37,6 +37,8 @@ constexpr Row Rows[] = {
     {"Label1", Caption, 0, "Scroll-Tempo", "Scroll-speed"},
     {"Label4", ToolTipText, 0, "Zwischen 'Projektexplorer' und 'Fraktionen bearbeiten' wechseln", "Switching between 'projectmanager' and 'edit factions'"},
     {"btnCreateXML", Caption, 0, "Generiere XML", "Generate XML"},
+    {"btnCopyXML", Caption, 0, "Kopieren", "Copy"},
+    {"btnSaveXML", Caption, 0, "Speichern unter...", "Save as..."},
     {"Check1", Caption, 0, "Header benutzen", "Use header"},
     {"Frame3", Caption, 0, "Header Einstellungen", "Header settings"},
     {"txtHeadModName", ToolTipText, 0, "Name der Mod", "Name of your mod"},

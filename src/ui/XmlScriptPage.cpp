@@ -57,10 +57,10 @@ XmlScriptPage::XmlScriptPage(Dialogs& dialogs, QWidget* parent)
     btnCreateXML->setCaption(QStringLiteral("Generiere XML"));
     btnCopyXML = new VantelButton(this);
     btnCopyXML->setObjectName(QStringLiteral("btnCopyXML"));
-    btnCopyXML->setCaption(QStringLiteral("Copy"));
+    btnCopyXML->setCaption(QStringLiteral("Kopieren"));
     btnSaveXML = new VantelButton(this);
     btnSaveXML->setObjectName(QStringLiteral("btnSaveXML"));
-    btnSaveXML->setCaption(QStringLiteral("Save as..."));
+    btnSaveXML->setCaption(QStringLiteral("Speichern unter..."));
 
     Frame3 = new QGroupBox(QStringLiteral("Header Einstellungen"), this);
     Frame3->setObjectName(QStringLiteral("Frame3"));

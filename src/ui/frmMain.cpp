@@ -133,7 +133,7 @@ frmMain::frmMain(Session& session_, Dialogs& dialogs_, QWidget* parent)
     SSTab1->addTab(initialWorldPage, QStringLiteral("Initialworld.ini"));
     SSTab1->addTab(xmlScriptPage, QStringLiteral("XML-Script"));
     registryViews = {reputationPage, factionPropsPage, initialWorldPage};
-    new ImportActions(session, dialogs, btnImport, btnImportAll, pgImportAll, this);
+    importActions = new ImportActions(session, dialogs, btnImport, btnImportAll, pgImportAll, this);
 
     Form_Load();
 }
@@ -471,6 +471,7 @@ void frmMain::VantelButton5_Click() {
     if (name == session.ActiveProject)
         session.ActiveProject.clear();
     modFunctions::DeleteProjectFolder(session.appDir, name);
+    importActions->UpdateEnabled();
     QCoreApplication::processEvents();
     RefreshProjectList();
 }
@@ -488,6 +489,7 @@ void frmMain::VantelButton6_Click() {
     LoadFactionRegistry();
     QCoreApplication::processEvents();
     lblFactionsGesamt->setText(QString::number(lv_newfactions->topLevelItemCount()));
+    importActions->UpdateEnabled();
     Label4_Click();
 }
 

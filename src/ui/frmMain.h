@@ -21,6 +21,7 @@ class InitialWorldPage;
 class RegistryView;
 class ReputationPage;
 class VantelButton;
+class ImportActions;
 class XmlScriptPage;
 struct Session;
 
@@ -117,6 +118,7 @@ private:
     VantelButton* btnImport;
     VantelButton* btnImportAll;
     QProgressBar* pgImportAll;
+    ImportActions* importActions;
 
     ReputationPage* reputationPage;
     FactionPropsPage* factionPropsPage;

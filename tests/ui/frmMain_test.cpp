@@ -203,7 +203,10 @@ private slots:
         Click("VantelButton5");
         QVERIFY(!Get<QLabel>("lblNoProject")->isHidden());
 
+        QVERIFY(!Get<VantelButton>("btnImport")->isEnabled());
         LoadProject("Alpha");
+        QVERIFY(Get<VantelButton>("btnImport")->isEnabled());
+        QVERIFY(Get<VantelButton>("btnImportAll")->isEnabled());
         QCOMPARE(session->ActiveProject, std::string("Alpha"));
         QCOMPARE(Get<QLabel>("lblActiveProject")->text(), QString("Alpha"));
         QCOMPARE(session->activeProjectCaption(), std::string("Alpha"));
@@ -237,6 +240,7 @@ private slots:
         Click("VantelButton5");
         QVERIFY(!fs::exists(ProjectFile("Alpha", "")));
         QVERIFY(session->ActiveProject.empty());
+        QVERIFY(!Get<VantelButton>("btnImportAll")->isEnabled());
         QCOMPARE(Get<QLabel>("lblActiveProject")->text(), QString("Alpha"));
         QCOMPARE(Projects(), QStringList{"Beta"});
 
