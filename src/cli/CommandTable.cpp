@@ -21,26 +21,31 @@ int RunScript(const Arguments&, Context&);
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
         {"projects", "", "project names, one per line, sorted without regard to case", RunProjects},
-        {"create", "NAME", "create a project; \"Project created.\" goes to its own protocol", RunCreate},
+        {"create", "NAME", "create a project; \"Project created.\" goes to its own protocol",
+         RunCreate},
         {"delete", "NAME", "delete the project folder", RunDelete},
         {"protocol", "NAME", "print the project's protocol file as it is", RunProtocol},
         {"factions", "PROJECT", "registry in file order: nickname TAB group", RunFactions},
         {"add-faction", "PROJECT NICK [GROUP]", "add a faction or change its group", RunAddFaction},
-        {"remove-faction", "PROJECT NICK", "delete a registered faction and its files", RunRemoveFaction},
-        {"ini-get", "FILE SECTION KEY [DEFAULT]", "print the value that an INI read returns", RunIniGet},
+        {"remove-faction", "PROJECT NICK", "delete a registered faction and its files",
+         RunRemoveFaction},
+        {"ini-get", "FILE SECTION KEY [DEFAULT]", "print the value that an INI read returns",
+         RunIniGet},
         {"ini-set", "FILE SECTION KEY VALUE", "write one INI value", RunIniSet},
         {"compile", "PROJECT [emphaty|faction_prop|initialworld]...",
          "compile the project's game files (all when none is named)", RunCompile},
         {"library", "", "the original faction library's entries, one per line", RunLibrary},
-        {"import", "PROJECT NICK...", "import library factions; \"Original imported...\" per faction",
-         RunImport},
-        {"import-all", "PROJECT", "import the whole library; refused entries on stderr", RunImportAll},
+        {"import", "PROJECT NICK...",
+         "import library factions; \"Original imported...\" per faction", RunImport},
+        {"import-all", "PROJECT", "import the whole library; refused entries on stderr",
+         RunImportAll},
         {"cut-library", "--into LIBDIR [--emphaty F] [--faction-prop F] [--initialworld F]",
          "cut library entries from compiled game files", RunCutLibrary},
-        {"script", "[--header] [--name N] [--script-version V] [--url U] [--author A] [--description D]",
+        {"script",
+         "[--header] [--name N] [--script-version V] [--url U] [--author A] [--description D]",
          "print the mod manager's install script (header fields count with --header)", RunScript},
     };
     return commands;
 }
 
-}  // namespace cli
+} // namespace cli

@@ -1,10 +1,10 @@
-#include <functional>
-
 #include "cli/Command.h"
 #include "core/modFunctions.h"
 #include "factionprops/FactionPropCompiler.h"
 #include "initialworld/InitialWorldCompiler.h"
 #include "reputation/EmphatyCompiler.h"
+
+#include <functional>
 
 namespace cli {
 namespace {
@@ -13,7 +13,8 @@ namespace {
 // the registry's faction order, and the protocol line that follows a successful compile.
 struct Compiler {
     std::string_view name;
-    std::function<void(const std::string& projectFolder, const std::vector<std::string>& factions)> compile;
+    std::function<void(const std::string& projectFolder, const std::vector<std::string>& factions)>
+        compile;
     std::string_view protocolLine;
 };
 
@@ -39,7 +40,7 @@ const std::vector<Compiler>& Compilers() {
     return compilers;
 }
 
-}  // namespace
+} // namespace
 
 int RunCompile(const Arguments& args, Context& context) {
     if (args.empty())
@@ -54,14 +55,16 @@ int RunCompile(const Arguments& args, Context& context) {
             if (compiler.name == args[i])
                 found = &compiler;
         if (!found)
-            return UsageError(*FindCommand("compile"), context, "unknown game file \"" + args[i] + "\"");
+            return UsageError(*FindCommand("compile"), context,
+                              "unknown game file \"" + args[i] + "\"");
         chosen.push_back(found);
     }
     if (chosen.empty())
         for (const Compiler& compiler : Compilers())
             chosen.push_back(&compiler);
     const std::string folder = modFunctions::ProjectPath(context.appDir, *project);
-    const auto factions = modFunctions::RegistryNicknames(modFunctions::RegistryPath(context.appDir, *project));
+    const auto factions =
+        modFunctions::RegistryNicknames(modFunctions::RegistryPath(context.appDir, *project));
     for (const Compiler* compiler : chosen) {
         compiler->compile(folder, factions);
         modFunctions::WriteProtocol(context.appDir, *project, compiler->protocolLine);
@@ -69,4 +72,4 @@ int RunCompile(const Arguments& args, Context& context) {
     return Ok;
 }
 
-}  // namespace cli
+} // namespace cli
