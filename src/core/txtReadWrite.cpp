@@ -77,23 +77,6 @@ std::string IniFile(const std::string& file) {
     return file.empty() ? GetDefaultIniPath() : file;
 }
 
-// The lines of a text, each ended by CR LF or a lone LF; a lone CR stays in its line.
-std::vector<std::string> SplitLines(std::string_view bytes) {
-    std::vector<std::string> lines;
-    std::size_t pos = 0;
-    while (pos < bytes.size()) {
-        std::size_t lf = bytes.find('\n', pos);
-        if (lf == std::string_view::npos) {
-            lines.emplace_back(bytes.substr(pos));
-            break;
-        }
-        const std::size_t end = (lf > pos && bytes[lf - 1] == '\r') ? lf - 1 : lf;
-        lines.emplace_back(bytes.substr(pos, end - pos));
-        pos = lf + 1;
-    }
-    return lines;
-}
-
 } // namespace
 
 void SetApplicationDirectory(std::string_view appDir) {
@@ -174,10 +157,28 @@ void AppendFileText(const std::string& path, std::string_view text) {
     platform::AppendBytes(path, bytes);
 }
 
+std::vector<std::string_view> SplitLines(std::string_view bytes) {
+    std::vector<std::string_view> lines;
+    std::size_t pos = 0;
+    while (pos < bytes.size()) {
+        const std::size_t lf = bytes.find('\n', pos);
+        if (lf == std::string_view::npos) {
+            lines.push_back(bytes.substr(pos));
+            break;
+        }
+        const std::size_t end = (lf > pos && bytes[lf - 1] == '\r') ? lf - 1 : lf;
+        lines.push_back(bytes.substr(pos, end - pos));
+        pos = lf + 1;
+    }
+    return lines;
+}
+
 std::vector<std::string> ReadLines(const std::string& path) {
     if (!platform::IsFile(path))
         return {};
-    return SplitLines(platform::ReadBytes(path).value_or(""));
+    const std::string bytes = platform::ReadBytes(path).value_or("");
+    const auto views = SplitLines(bytes);
+    return {views.begin(), views.end()};
 }
 
 std::string ReadFileLine(const std::string& path, long lineNumber) {

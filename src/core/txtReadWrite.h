@@ -42,6 +42,8 @@ std::string ReadFileText(const std::string& path);
 void WriteFileText(const std::string& path, std::string_view text);  // adds CR LF
 void AppendFileText(const std::string& path, std::string_view text); // adds CR LF
 std::string ReadFileLine(const std::string& path, long lineNumber);
+// The lines of a text, each ended by CR LF or a lone LF; a lone CR stays in its line.
+std::vector<std::string_view> SplitLines(std::string_view bytes);
 // Every line of a file (ends: CR LF or lone LF); empty when the file is missing.
 std::vector<std::string> ReadLines(const std::string& path);
 

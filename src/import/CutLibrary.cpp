@@ -10,22 +10,6 @@
 namespace importer {
 namespace {
 
-std::vector<std::string_view> Lines(std::string_view bytes) {
-    std::vector<std::string_view> lines;
-    std::size_t pos = 0;
-    while (pos < bytes.size()) {
-        const std::size_t lf = bytes.find('\n', pos);
-        if (lf == std::string_view::npos) {
-            lines.push_back(bytes.substr(pos));
-            break;
-        }
-        const std::size_t end = (lf > pos && bytes[lf - 1] == '\r') ? lf - 1 : lf;
-        lines.push_back(bytes.substr(pos, end - pos));
-        pos = lf + 1;
-    }
-    return lines;
-}
-
 std::string Joined(const std::vector<std::string>& lines) {
     std::string text;
     for (const std::string& line : lines)
@@ -51,7 +35,7 @@ struct Kind {
 std::vector<CutBlock> CutBlocks(std::string_view text, std::string_view header,
                                 std::string_view key) {
     std::vector<CutBlock> blocks;
-    for (const std::string_view line : Lines(text)) {
+    for (const std::string_view line : txtReadWrite::SplitLines(text)) {
         if (line == header)
             blocks.emplace_back();
         if (!blocks.empty())

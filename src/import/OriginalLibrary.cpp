@@ -16,23 +16,6 @@ std::string Describe(const std::string& file, long line, const std::string& reas
     return text + ": " + reason;
 }
 
-// The lines of a file, each ended by CR LF or a lone LF, as the text routines read them.
-std::vector<std::string_view> Lines(std::string_view bytes) {
-    std::vector<std::string_view> lines;
-    std::size_t pos = 0;
-    while (pos < bytes.size()) {
-        const std::size_t lf = bytes.find('\n', pos);
-        if (lf == std::string_view::npos) {
-            lines.push_back(bytes.substr(pos));
-            break;
-        }
-        const std::size_t end = (lf > pos && bytes[lf - 1] == '\r') ? lf - 1 : lf;
-        lines.push_back(bytes.substr(pos, end - pos));
-        pos = lf + 1;
-    }
-    return lines;
-}
-
 std::string ReadLibraryFile(const std::string& path) {
     if (!platform::IsFile(path))
         throw LibraryError(path, 0, "the library file is missing");
@@ -97,7 +80,7 @@ std::vector<std::string> ListOriginalFactions(const std::string& folder) {
 OriginalReputation ParseOriginalReputation(std::string_view text, const std::string& path) {
     OriginalReputation reputation;
     reputation.group = IniDocument(text).Read("RepChangeEffects", "group", "[Error]");
-    const auto lines = Lines(text);
+    const auto lines = txtReadWrite::SplitLines(text);
     for (long number = 1; number <= ReputationLinesRead; ++number) {
         if (static_cast<std::size_t>(number) > lines.size())
             break; // the lines past the end are empty and match nothing
@@ -134,7 +117,7 @@ OriginalFactionProps ParseOriginalFactionProps(std::string_view text, const std:
         {"formation", 12, &OriginalFactionProps::formations},
     };
     long number = 0;
-    for (const std::string_view line : Lines(text)) {
+    for (const std::string_view line : txtReadWrite::SplitLines(text)) {
         ++number;
         if (StartsWith(line, "formation_desig"))
             continue; // a single value, never a formation list line
@@ -155,7 +138,7 @@ OriginalInitialWorld ParseOriginalInitialWorld(std::string_view text, const std:
     world.idsInfo = document.Read("Group", "ids_info", "");
     world.idsShortName = document.Read("Group", "ids_short_name", "");
     long number = 0;
-    for (const std::string_view line : Lines(text)) {
+    for (const std::string_view line : txtReadWrite::SplitLines(text)) {
         ++number;
         if (!StartsWith(line, "rep"))
             continue;
