@@ -3,21 +3,12 @@
 #include "core/modFunctions.h"
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
+#include "support/ScratchApp.h"
 
 #include <benchmark/benchmark.h>
 #include <filesystem>
 
 namespace {
-
-struct Scratch {
-    Scratch() {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "orrindel-bench-XXXXXX").string();
-        folder = ::mkdtemp(pattern.data());
-    }
-    ~Scratch() { std::filesystem::remove_all(folder); }
-    std::string folder;
-};
 
 std::string ThousandSections() {
     std::string text;
@@ -28,8 +19,8 @@ std::string ThousandSections() {
 }
 
 void BM_ReadIniUnchangedFile(benchmark::State& state) {
-    Scratch scratch;
-    const std::string file = scratch.folder + "/factions.ini";
+    const ScratchApp scratch;
+    const std::string file = scratch.appDir + "/factions.ini";
     platform::ReplaceFile(file, ThousandSections());
     txtReadWrite::ReadIni("faction_500_grp", "grp", "", file);
     for (auto _ : state)
@@ -38,8 +29,8 @@ void BM_ReadIniUnchangedFile(benchmark::State& state) {
 BENCHMARK(BM_ReadIniUnchangedFile)->Repetitions(9)->ReportAggregatesOnly(true);
 
 void BM_WriteIniExistingKey(benchmark::State& state) {
-    Scratch scratch;
-    const std::string file = scratch.folder + "/factions.ini";
+    const ScratchApp scratch;
+    const std::string file = scratch.appDir + "/factions.ini";
     platform::ReplaceFile(file, ThousandSections());
     int i = 0;
     for (auto _ : state)
@@ -48,8 +39,8 @@ void BM_WriteIniExistingKey(benchmark::State& state) {
 BENCHMARK(BM_WriteIniExistingKey)->Repetitions(9)->ReportAggregatesOnly(true);
 
 void BM_LoadThousandFactionRegistry(benchmark::State& state) {
-    Scratch scratch;
-    const std::string file = scratch.folder + "/factions.ini";
+    const ScratchApp scratch;
+    const std::string file = scratch.appDir + "/factions.ini";
     platform::ReplaceFile(file, ThousandSections());
     int i = 0;
     for (auto _ : state) {

@@ -6,6 +6,7 @@
 #include "factionprops/FactionPropCompiler.h"
 #include "factionprops/ListFiles.h"
 #include "factionprops/PropertySheet.h"
+#include "support/ScratchApp.h"
 
 #include <benchmark/benchmark.h>
 #include <filesystem>
@@ -19,16 +20,8 @@ constexpr int FactionCount = 1000;
 
 struct Project {
     Project() {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "orrindel-bench-XXXXXX").string();
-        appDir = ::mkdtemp(pattern.data());
-        modFunctions::EnsureProjectsFolder(appDir);
-        modFunctions::CreateProjectFolders(appDir, "Big");
-        folder = modFunctions::ProjectPath(appDir, "Big");
         std::string sheets;
-        for (int i = 0; i < FactionCount; ++i) {
-            const std::string n = "fc_faction_" + std::to_string(i) + "_grp";
-            factions.push_back(n);
+        for (const std::string& n : factions) {
             sheets +=
                 "[" + n +
                 "]\r\nLegality=lawful\r\nplurality=singular\r\njump=jumpgate\r\n"
@@ -55,10 +48,10 @@ struct Project {
         }
         txtReadWrite::WriteFileText(factionprops::PropertyFile(appDir, "Big"), sheets);
     }
-    ~Project() { std::filesystem::remove_all(appDir); }
-
-    std::string appDir, folder;
-    std::vector<std::string> factions;
+    ScratchApp scratch;
+    const std::string& appDir = scratch.appDir;
+    std::string folder = scratch.CreateProject("Big");
+    std::vector<std::string> factions = FactionNames(FactionCount, "_grp");
 };
 
 Project& TheProject() {

@@ -3,6 +3,7 @@
 #include "core/txtReadWrite.h"
 #include "initialworld/InitialWorld.h"
 #include "initialworld/InitialWorldCompiler.h"
+#include "support/ScratchApp.h"
 
 #include <benchmark/benchmark.h>
 #include <chrono>
@@ -17,14 +18,6 @@ constexpr int FactionCount = 1000;
 
 struct Project {
     Project() {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "orrindel-bench-XXXXXX").string();
-        appDir = ::mkdtemp(pattern.data());
-        modFunctions::EnsureProjectsFolder(appDir);
-        modFunctions::CreateProjectFolders(appDir, "Big");
-        folder = modFunctions::ProjectPath(appDir, "Big");
-        for (int i = 0; i < FactionCount; ++i)
-            factions.push_back("fc_faction_" + std::to_string(i));
         std::string data;
         for (const std::string& g : factions) {
             data += "[" + g + "]\r\nids_name=196846\r\nids_short_name=196847\r\nids_info=327" +
@@ -36,10 +29,11 @@ struct Project {
         txtReadWrite::WriteFileText(initialworld::DataFile(folder), data);
         dataFile = appDir + "/projects/Big/initialworld/grp.ini";
     }
-    ~Project() { std::filesystem::remove_all(appDir); }
-
-    std::string appDir, folder, dataFile;
-    std::vector<std::string> factions;
+    ScratchApp scratch;
+    const std::string& appDir = scratch.appDir;
+    std::string folder = scratch.CreateProject("Big");
+    std::string dataFile;
+    std::vector<std::string> factions = FactionNames(FactionCount);
 };
 
 Project& TheProject() {

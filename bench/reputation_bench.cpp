@@ -3,6 +3,7 @@
 #include "core/txtReadWrite.h"
 #include "reputation/EmphatyCompiler.h"
 #include "reputation/ReputationFiles.h"
+#include "support/ScratchApp.h"
 
 #include <benchmark/benchmark.h>
 #include <filesystem>
@@ -17,14 +18,6 @@ constexpr int FactionCount = 1000;
 // Every faction imported: four event values and a rate toward every other faction.
 struct Project {
     Project() {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "orrindel-bench-XXXXXX").string();
-        appDir = ::mkdtemp(pattern.data());
-        modFunctions::EnsureProjectsFolder(appDir);
-        modFunctions::CreateProjectFolders(appDir, "Big");
-        folder = modFunctions::ProjectPath(appDir, "Big");
-        for (int i = 0; i < FactionCount; ++i)
-            factions.push_back("fc_faction_" + std::to_string(i));
         std::string events;
         for (const std::string& g : factions) {
             events += "[" + g + "]\r\no_d=-0.3\r\nr_m_s=0.1\r\nr_m_f=-0.1\r\nr_m_a=-0.05\r\n";
@@ -36,10 +29,10 @@ struct Project {
         }
         txtReadWrite::WriteFileText(reputation::EventFile(folder), events);
     }
-    ~Project() { std::filesystem::remove_all(appDir); }
-
-    std::string appDir, folder;
-    std::vector<std::string> factions;
+    ScratchApp scratch;
+    const std::string& appDir = scratch.appDir;
+    std::string folder = scratch.CreateProject("Big");
+    std::vector<std::string> factions = FactionNames(FactionCount);
 };
 
 Project& TheProject() {

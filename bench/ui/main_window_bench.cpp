@@ -2,6 +2,8 @@
 // editors' list views and their pickers, as the Load and Reload buttons do.
 #include "core/modFunctions.h"
 #include "core/txtReadWrite.h"
+#include "support/QtBenchmarkMain.h"
+#include "support/ScratchApp.h"
 #include "ui/Dialogs.h"
 #include "ui/Session.h"
 #include "ui/VantelButton.h"
@@ -18,21 +20,12 @@
 
 namespace {
 
-class SilentDialogs : public Dialogs {
-public:
-    QString InputBox(const QString&, const QString&, const QString&) override { return {}; }
-    void MessageBox(QMessageBox::Icon, const QString&, const QString&) override {}
-};
-
 constexpr int Factions = 1000;
 
 void LoadThousandFactions(benchmark::State& state) {
-    const std::string appDir =
-        (std::filesystem::temp_directory_path() / ("orrindel-bench-" + std::to_string(::getpid())))
-            .string();
-    std::filesystem::remove_all(appDir);
-    std::filesystem::create_directories(appDir + "/projects");
-    modFunctions::CreateProjectFolders(appDir, "Big");
+    const ScratchApp scratch;
+    const std::string& appDir = scratch.appDir;
+    scratch.CreateProject("Big");
     std::string registry;
     for (int i = 0; i < Factions; ++i)
         registry += "[fc_faction_" + std::to_string(i) + "]\r\ngrp=Group " +
@@ -65,7 +58,6 @@ void LoadThousandFactions(benchmark::State& state) {
         const auto* picker = window.findChild<QComboBox*>(name);
         state.counters[name] = picker ? picker->count() : -1;
     }
-    std::filesystem::remove_all(appDir);
 }
 BENCHMARK(LoadThousandFactions)
     ->Unit(benchmark::kMillisecond)
@@ -74,11 +66,4 @@ BENCHMARK(LoadThousandFactions)
 
 } // namespace
 
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
+ORRINDEL_QT_BENCHMARK_MAIN()

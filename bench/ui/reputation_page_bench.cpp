@@ -3,6 +3,8 @@
 #include "core/modFunctions.h"
 #include "core/txtReadWrite.h"
 #include "reputation/ReputationFiles.h"
+#include "support/QtBenchmarkMain.h"
+#include "support/ScratchApp.h"
 #include "ui/Dialogs.h"
 #include "ui/ReputationPage.h"
 #include "ui/Session.h"
@@ -17,21 +19,12 @@
 
 namespace {
 
-class SilentDialogs : public Dialogs {
-public:
-    QString InputBox(const QString&, const QString&, const QString&) override { return {}; }
-    void MessageBox(QMessageBox::Icon, const QString&, const QString&) override {}
-};
-
 constexpr int Factions = 1000;
 
 void ChooseFactionWithThousandRows(benchmark::State& state) {
-    std::string pattern =
-        (std::filesystem::temp_directory_path() / "orrindel-bench-XXXXXX").string();
-    const std::string appDir = ::mkdtemp(pattern.data());
-    modFunctions::EnsureProjectsFolder(appDir);
-    modFunctions::CreateProjectFolders(appDir, "Big");
-    const std::string folder = modFunctions::ProjectPath(appDir, "Big");
+    const ScratchApp scratch;
+    const std::string& appDir = scratch.appDir;
+    const std::string folder = scratch.CreateProject("Big");
     std::string registry, events;
     for (int i = 0; i < Factions; ++i) {
         const std::string g = "fc_faction_" + std::to_string(i);
@@ -70,7 +63,6 @@ void ChooseFactionWithThousandRows(benchmark::State& state) {
         next = (next + 1) % Factions;
     }
     state.counters["rows"] = list->topLevelItemCount();
-    std::filesystem::remove_all(appDir);
 }
 BENCHMARK(ChooseFactionWithThousandRows)
     ->Unit(benchmark::kMillisecond)
@@ -79,11 +71,4 @@ BENCHMARK(ChooseFactionWithThousandRows)
 
 } // namespace
 
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
+ORRINDEL_QT_BENCHMARK_MAIN()
