@@ -72,7 +72,7 @@ std::optional<std::string> Refusal(std::string_view name) {
 
 void Require(std::string_view name, std::string_view what) {
     if (const auto reason = Refusal(name))
-        throw NameRefused(std::string(what) + " \"" + win1252::ToUtf8(name) +
+        throw NameRefused(std::string(what) + " \"" + std::string(name) +
                           "\" is refused: " + *reason);
 }
 

@@ -2,6 +2,7 @@
 // Modal questions go through this interface so that tests can answer them.
 #include <QMessageBox>
 #include <QString>
+#include <exception>
 
 class QWidget;
 
@@ -9,12 +10,17 @@ class Dialogs {
 public:
     virtual ~Dialogs() = default;
     // The entered text, or "" when cancelled.
-    virtual QString InputBox(const QString& prompt, const QString& title, const QString& defaultText) = 0;
+    virtual QString InputBox(const QString& prompt, const QString& title,
+                             const QString& defaultText) = 0;
     virtual void MessageBox(QMessageBox::Icon icon, const QString& title, const QString& text) = 0;
 
     // A failure at a handler boundary, told in plain words.
-    void ShowError(const QString& text) { MessageBox(QMessageBox::Critical, ApplicationTitle(), text); }
+    void ShowError(const QString& text) {
+        MessageBox(QMessageBox::Critical, ApplicationTitle(), text);
+    }
     static QString ApplicationTitle() { return QStringLiteral("Orrindel 2.0 beta 2 || Halvex"); }
+    // An error of the core in the user's words: its message names the file and the reason.
+    static QString Describe(const std::exception& error);
 };
 
 // The real modal boxes, parented to a window.
@@ -22,7 +28,8 @@ class QtDialogs : public Dialogs {
 public:
     explicit QtDialogs(QWidget* parent = nullptr) : parent_(parent) {}
     void setParent(QWidget* parent) { parent_ = parent; }
-    QString InputBox(const QString& prompt, const QString& title, const QString& defaultText) override;
+    QString InputBox(const QString& prompt, const QString& title,
+                     const QString& defaultText) override;
     void MessageBox(QMessageBox::Icon icon, const QString& title, const QString& text) override;
 
 private:

@@ -73,10 +73,6 @@ void Fill(QListWidget* list, const std::vector<std::string>& entries) {
         list->addItem(text::ToQt(entry));
 }
 
-QString Describe(const std::exception& error) {
-    return text::ToQt(error.what());
-}
-
 bool Blank(const std::string& text) {
     return text.find_first_not_of(' ') == std::string::npos;
 }
@@ -304,7 +300,7 @@ void FactionPropsPage::Store(std::string_view key, std::string_view value) {
         txtReadWrite::WriteIni(faction, key, value, file);
     } catch (const std::exception& error) {
         ReportError(QStringLiteral("\"%1\" could not be stored in %2: %3")
-                        .arg(text::ToQt(key), text::ToQt(file), Describe(error)));
+                        .arg(text::ToQt(key), text::ToQt(file), Dialogs::Describe(error)));
     }
 }
 
@@ -319,8 +315,8 @@ bool FactionPropsPage::WriteList(QListWidget* list, fp::PickList kind, const std
         fp::WriteListFile(path, Entries(list));
         return true;
     } catch (const std::exception& error) {
-        ReportError(
-            QStringLiteral("%1 could not be written: %2").arg(text::ToQt(path), Describe(error)));
+        ReportError(QStringLiteral("%1 could not be written: %2")
+                        .arg(text::ToQt(path), Dialogs::Describe(error)));
         return false;
     }
 }
@@ -607,12 +603,14 @@ void FactionPropsPage::btnCompileFP_Click() {
             pgFP2->setValue(static_cast<int>(done));
         });
     } catch (const std::exception& error) {
-        dialogs.ShowError(QStringLiteral("Faction_Prop.ini was not compiled: ") + Describe(error));
+        dialogs.ShowError(QStringLiteral("Faction_Prop.ini was not compiled: ") +
+                          Dialogs::Describe(error));
         return;
     }
     try {
         session.WriteProtocol("Faction_Prop.ini created...");
     } catch (const std::exception& error) {
-        dialogs.ShowError(QStringLiteral("The protocol could not be written: ") + Describe(error));
+        dialogs.ShowError(QStringLiteral("The protocol could not be written: ") +
+                          Dialogs::Describe(error));
     }
 }

@@ -20,7 +20,9 @@ ImportActions::ImportActions(Session& session_, Dialogs& dialogs_, VantelButton*
     UpdateEnabled();
 }
 
-frmImport* ImportActions::ImportDialog() const { return dialog.data(); }
+frmImport* ImportActions::ImportDialog() const {
+    return dialog.data();
+}
 
 void ImportActions::UpdateEnabled() {
     const bool active = !session.ActiveProject.empty();
@@ -55,7 +57,7 @@ void ImportActions::btnImportAll_Click() {
             importer::ImportAllOriginalFactions(session.appDir, session.ProjectPath(), progress);
     } catch (const std::exception& error) {
         pgImportAll->setValue(0);
-        dialogs.ShowError(QStringLiteral("Nothing was imported:\n") + text::ToQt(error.what()));
+        dialogs.ShowError(QStringLiteral("Nothing was imported:\n") + Dialogs::Describe(error));
         return;
     }
     session.loadFactionRegistry();

@@ -154,7 +154,7 @@ void InitialWorldPage::StoreIds(std::string_view key, const QLineEdit* box) {
     try {
         initialworld::WriteIds(DataFile(), text::ToFile(g), key, text::ToFile(box->text()));
     } catch (const std::exception& error) {
-        dialogs.ShowError(text::ToQt(error.what()));
+        dialogs.ShowError(Dialogs::Describe(error));
     }
 }
 
@@ -186,7 +186,7 @@ void InitialWorldPage::lv_Init_DblClick() {
                                       text::ToFile(row->text(0)), text::ToFile(v),
                                       chkForceRep2->isChecked());
     } catch (const std::exception& error) {
-        dialogs.ShowError(text::ToQt(error.what()));
+        dialogs.ShowError(Dialogs::Describe(error));
         return;
     }
     row->setText(RepColumn, v);
@@ -220,6 +220,6 @@ void InitialWorldPage::VantelButton13_Click() {
         session.WriteProtocol("Initialworld.ini created...");
     } catch (const std::exception& error) {
         dialogs.ShowError(QStringLiteral("Initialworld.ini was not created: ") +
-                          text::ToQt(error.what()));
+                          Dialogs::Describe(error));
     }
 }

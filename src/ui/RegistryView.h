@@ -1,9 +1,9 @@
 #pragma once
 // A page whose pickers and list views show the registered factions; the registry
 // loader of the main window clears and fills every such page.
-#include <vector>
-
 #include "core/modFunctions.h"
+
+#include <vector>
 
 class RegistryView {
 public:

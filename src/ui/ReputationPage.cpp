@@ -41,10 +41,6 @@ std::string Nickname(const QVariant& data) {
 }
 
 // The file a failure is about, for the message box.
-QString Describe(const std::exception& error) {
-    return text::ToQt(error.what());
-}
-
 } // namespace
 
 ReputationPage::ReputationPage(Session& session, Dialogs& dialogs, QWidget* parent)
@@ -220,7 +216,7 @@ void ReputationPage::StoreEvent(std::size_t event) {
     try {
         reputation::WriteEvent(file, g, event, text::ToFile(eventCombos[event]->currentText()));
     } catch (const std::exception& error) {
-        dialogs.ShowError(Describe(error));
+        dialogs.ShowError(Dialogs::Describe(error));
     }
 }
 
@@ -280,7 +276,7 @@ void ReputationPage::lv_emphaty_DblClick() {
     } catch (const std::exception& error) {
         // The column shows what is on disk.
         row->setText(ColumnRep, before);
-        dialogs.ShowError(Describe(error));
+        dialogs.ShowError(Dialogs::Describe(error));
         return;
     }
     if (chkForceREP->isChecked()) {
@@ -288,7 +284,7 @@ void ReputationPage::lv_emphaty_DblClick() {
         try {
             reputation::StoreRate(reputation::EmpathyFile(folder, s), g, text::ToFile(v));
         } catch (const std::exception& error) {
-            dialogs.ShowError(Describe(error));
+            dialogs.ShowError(Dialogs::Describe(error));
         }
     }
 }
@@ -319,6 +315,7 @@ void ReputationPage::btnEmphatySave_Click() {
         reputation::CompileEmphaty(ProjectFolder(), factions, rows, progress);
         session.WriteProtocol("Emphaty.ini compiled...");
     } catch (const std::exception& error) {
-        dialogs.ShowError(QStringLiteral("Emphaty.ini was not compiled: ") + Describe(error));
+        dialogs.ShowError(QStringLiteral("Emphaty.ini was not compiled: ") +
+                          Dialogs::Describe(error));
     }
 }

@@ -1,15 +1,15 @@
 #pragma once
 // What frmMain owns and its pages share: the application directory, the active project
 // and the caption of lblActiveProject (some routines follow the one, some the other).
+#include "core/modFunctions.h"
+
 #include <functional>
 #include <string>
 #include <string_view>
 
-#include "core/modFunctions.h"
-
 struct Session {
-    std::string appDir;         // Windows-1252 bytes
-    std::string ActiveProject;  // set by Load, emptied when the active project is deleted
+    std::string appDir;        // Windows-1252 bytes
+    std::string ActiveProject; // set by Load, emptied when the active project is deleted
     // The caption of lblActiveProject, as Windows-1252 bytes.
     std::function<std::string()> activeProjectCaption = [] { return std::string(); };
     // LoadFactionRegistry of the main window (registry list, pickers and list views).

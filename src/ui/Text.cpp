@@ -34,4 +34,4 @@ std::optional<std::string> ToFileExact(const QString& text) {
     return out;
 }
 
-}  // namespace text
+} // namespace text

@@ -11,4 +11,4 @@ QString ToQt(std::string_view bytes);
 std::string ToFile(const QString& text);
 // nullopt when a character is outside Windows-1252 (for names, which must be exact).
 std::optional<std::string> ToFileExact(const QString& text);
-}  // namespace text
+} // namespace text

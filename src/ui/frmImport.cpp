@@ -82,7 +82,7 @@ void frmImport::btnImport_Click() {
                                         session.CaptionProjectPath());
     } catch (const std::exception& error) {
         dialogs.ShowError(text::ToQt(chosenNickname) + QStringLiteral(" was not imported:\n") +
-                          text::ToQt(error.what()));
+                          Dialogs::Describe(error));
         return;
     }
     ShowFolder(importer::ReputationFolder(session.appDir));
@@ -91,7 +91,7 @@ void frmImport::btnImport_Click() {
         session.WriteProtocol("Original imported...");
     } catch (const std::exception& error) {
         dialogs.ShowError(QStringLiteral("The protocol could not be written:\n") +
-                          text::ToQt(error.what()));
+                          Dialogs::Describe(error));
     }
 }
 

@@ -66,14 +66,6 @@ bool Blank(const QString& text) {
     return true;
 }
 
-// File-layer messages carry paths as file bytes; the name rule's messages are UTF-8.
-QString Reason(const std::exception& error) {
-    return text::ToQt(error.what());
-}
-QString Reason(const names::NameRefused& error) {
-    return QString::fromUtf8(error.what());
-}
-
 QLabel* MakeLabel(QWidget* parent, const char* name, const QString& caption) {
     auto* label = new QLabel(caption, parent);
     label->setObjectName(QString::fromLatin1(name));
@@ -353,7 +345,7 @@ void frmMain::Form_Load() {
         modFunctions::EnsureProjectsFolder(session.appDir);
     } catch (const std::exception& error) {
         dialogs.ShowError(QStringLiteral("The projects folder could not be created.\r\n") +
-                          Reason(error));
+                          Dialogs::Describe(error));
     }
     SSTab1->setCurrentIndex(0);
     if (auto* SSTab2 = findChild<QTabWidget*>(QStringLiteral("SSTab2")))
@@ -406,7 +398,8 @@ void frmMain::lstProjects_Click() {
     try {
         log = text::ToQt(txtReadWrite::ReadFileText(path));
     } catch (const std::exception& error) {
-        dialogs.ShowError(QStringLiteral("The protocol could not be read.\r\n") + Reason(error));
+        dialogs.ShowError(QStringLiteral("The protocol could not be read.\r\n") +
+                          Dialogs::Describe(error));
     }
     log.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     rtfLog->setPlainText(log);
@@ -432,17 +425,17 @@ void frmMain::CreateProject(const QString& name) {
     try {
         modFunctions::CreateProjectFolders(session.appDir, *bytes);
     } catch (const names::NameRefused& error) {
-        CreateProjectError(BadFileName, Reason(error));
+        CreateProjectError(BadFileName, Dialogs::Describe(error));
         return;
     } catch (const std::exception& error) {
-        CreateProjectError(PathFileAccessError, Reason(error));
+        CreateProjectError(PathFileAccessError, Dialogs::Describe(error));
         return;
     }
     RefreshProjectList();
     try {
         session.WriteProtocol("Project created.");
     } catch (const std::exception& error) {
-        CreateProjectError(PathNotFound, Reason(error));
+        CreateProjectError(PathNotFound, Dialogs::Describe(error));
     }
 }
 
@@ -557,14 +550,15 @@ void frmMain::btnnewfactionnew_Click() {
         modFunctions::SaveFaction(session.appDir, session.ActiveProject, *nicknameBytes,
                                   text::ToFile(txtNewDescr->text()));
     } catch (const names::NameRefused& error) {
-        dialogs.ShowError(Reason(error));
+        dialogs.ShowError(Dialogs::Describe(error));
         return;
     } catch (const IniWriteError& error) {
         dialogs.ShowError(QStringLiteral("The faction could not be saved to %1.\r\n%2")
-                              .arg(text::ToQt(error.file()), Reason(error)));
+                              .arg(text::ToQt(error.file()), Dialogs::Describe(error)));
         return;
     } catch (const std::exception& error) {
-        dialogs.ShowError(QStringLiteral("The faction could not be saved.\r\n") + Reason(error));
+        dialogs.ShowError(QStringLiteral("The faction could not be saved.\r\n") +
+                          Dialogs::Describe(error));
         return;
     }
     LoadFactionRegistry();
@@ -579,14 +573,15 @@ void frmMain::btnnewfactiondel_Click() {
     try {
         modFunctions::DeleteFaction(session.appDir, session.ActiveProject, nickname, group);
     } catch (const names::NameRefused& error) {
-        dialogs.ShowError(Reason(error));
+        dialogs.ShowError(Dialogs::Describe(error));
         return;
     } catch (const platform::FileError& error) {
         dialogs.ShowError(QStringLiteral("The faction registry %1 could not be rewritten.\r\n%2")
-                              .arg(text::ToQt(error.path()), Reason(error)));
+                              .arg(text::ToQt(error.path()), Dialogs::Describe(error)));
         return;
     } catch (const std::exception& error) {
-        dialogs.ShowError(QStringLiteral("The faction could not be deleted.\r\n") + Reason(error));
+        dialogs.ShowError(QStringLiteral("The faction could not be deleted.\r\n") +
+                          Dialogs::Describe(error));
         return;
     }
     LoadFactionRegistry();
