@@ -9,6 +9,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPixmap>
+#include <QShortcut>
 #include <QTimer>
 #include <QUrl>
 #include <cmath>
@@ -105,7 +106,7 @@ VantelButton::VantelButton(QWidget* parent) : QWidget(parent) {
 
     lblCaption = new QLabel(this);
     lblCaption->setObjectName(QStringLiteral("lblCaption"));
-    lblCaption->setTextFormat(Qt::PlainText);
+    lblCaption->setTextFormat(Qt::RichText);
     lblCaption->setAlignment(Qt::AlignCenter);
     lblCaption->setAttribute(Qt::WA_TransparentForMouseEvents);
     lblCaption->raise();
@@ -117,7 +118,13 @@ VantelButton::VantelButton(QWidget* parent) : QWidget(parent) {
     // The caption is the object name until one is set.
     connect(this, &QObject::objectNameChanged, this, [this](const QString& name) {
         if (!captionSet_)
-            lblCaption->setText(name);
+            ShowCaption(name);
+    });
+
+    mnemonic_ = new QShortcut(this);
+    connect(mnemonic_, &QShortcut::activated, this, [this] {
+        if (isEnabled())
+            click();
     });
 
     tmrChkStatus = new QTimer(this);
@@ -134,12 +141,33 @@ QSize VantelButton::sizeHint() const {
 }
 
 QString VantelButton::Caption() const {
-    return lblCaption->text();
+    return caption_;
+}
+
+// "&" marks the access key, drawn underlined; "&&" stands for "&" itself.
+void VantelButton::ShowCaption(const QString& caption) {
+    caption_ = caption;
+    QString shown;
+    bool marked = false;
+    for (qsizetype i = 0; i < caption.size(); ++i) {
+        if (caption[i] == u'&' && i + 1 < caption.size()) {
+            ++i;
+            if (caption[i] != u'&' && !marked) {
+                marked = true;
+                shown += QStringLiteral("<u>") + QString(caption[i]).toHtmlEscaped() +
+                         QStringLiteral("</u>");
+                continue;
+            }
+        }
+        shown += QString(caption[i]).toHtmlEscaped();
+    }
+    lblCaption->setText(shown);
+    mnemonic_->setKey(QKeySequence::mnemonic(caption));
 }
 
 void VantelButton::setCaption(const QString& caption) {
     captionSet_ = true;
-    lblCaption->setText(caption);
+    ShowCaption(caption);
     QAccessibleEvent event(this, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&event);
 }

@@ -7,6 +7,7 @@
 #include <QWidget>
 
 class QLabel;
+class QShortcut;
 class QTimer;
 
 class VantelButton : public QWidget {
@@ -69,6 +70,7 @@ private:
     enum class State { Up, Over, Down };
     void ChangeTo(State state);
     void ApplyFont(const QFont& font);
+    void ShowCaption(const QString& caption);
     void Relayout();
     bool IsOwnWidget(const QWidget* widget) const;
 
@@ -79,4 +81,6 @@ private:
     QTimer* tmrChkStatus;
     bool hover_ = false;      // showing "over" because of the hover check
     bool captionSet_ = false; // false: the caption follows the object name
+    QString caption_;
+    QShortcut* mnemonic_; // Alt + the letter after "&" clicks the button
 };

@@ -65,6 +65,23 @@ private slots:
         QCOMPARE(button.ForeColor(), QColor(0x80, 0, 0));
     }
 
+    void AmpersandMarksTheAccessKeyThatClicksTheButton() {
+        QWidget window;
+        auto* button = new VantelButton(&window);
+        button->setCaption("De&lete <all> && more");
+        QCOMPARE(button->Caption(), QString("De&lete <all> && more"));
+        QCOMPARE(button->findChild<QLabel*>("lblCaption")->text(),
+                 QString("De<u>l</u>ete &lt;all&gt; &amp; more"));
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        EventLog log(*button);
+        QTest::keyClick(&window, Qt::Key_L, Qt::AltModifier);
+        QCOMPARE(log.events.count("Click"), 1);
+        button->setEnabled(false);
+        QTest::keyClick(&window, Qt::Key_L, Qt::AltModifier);
+        QCOMPARE(log.events.count("Click"), 1);
+    }
+
     void ResizingStretchesThePicturesAndDropsTheCaptionBelowTheCentre() {
         VantelButton button;
         button.resize(134, 27); // 2010 x 405 twips
