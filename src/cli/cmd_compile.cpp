@@ -1,5 +1,6 @@
 #include "cli/Command.h"
 #include "core/modFunctions.h"
+#include "core/names.h"
 #include "factionprops/FactionPropCompiler.h"
 #include "initialworld/InitialWorldCompiler.h"
 #include "reputation/EmphatyCompiler.h"
@@ -65,6 +66,8 @@ int RunCompile(const Arguments& args, Context& context) {
     const std::string folder = modFunctions::ProjectPath(context.appDir, *project);
     const auto factions =
         modFunctions::RegistryNicknames(modFunctions::RegistryPath(context.appDir, *project));
+    for (const std::string& nickname : factions)
+        names::Require(nickname, "The registry's nickname");
     for (const Compiler* compiler : chosen) {
         compiler->compile(folder, factions);
         modFunctions::WriteProtocol(context.appDir, *project, compiler->protocolLine);

@@ -501,8 +501,19 @@ void frmMain::LoadFactionRegistry() {
     for (RegistryView* view : registryViews)
         view->ClearFactions();
     try {
-        const std::vector<modFunctions::RegistryEntry> entries =
-            modFunctions::LoadRegistry(registry);
+        std::vector<modFunctions::RegistryEntry> entries = modFunctions::LoadRegistry(registry);
+        // A name edited by hand into something unusable must never become part of a path.
+        QStringList refused;
+        std::erase_if(entries, [&refused](const modFunctions::RegistryEntry& entry) {
+            const auto reason = names::Refusal(entry.nickname);
+            if (reason)
+                refused << text::ToQt(entry.nickname) + QStringLiteral(": ") + text::ToQt(*reason);
+            return reason.has_value();
+        });
+        if (!refused.isEmpty())
+            dialogs.ShowError(QStringLiteral("The faction registry %1 lists names that cannot be "
+                                             "used; they are left out:\r\n%2")
+                                  .arg(text::ToQt(registry), refused.join(QStringLiteral("\r\n"))));
         QList<QTreeWidgetItem*> items;
         items.reserve(static_cast<qsizetype>(entries.size()));
         for (const auto& entry : entries)

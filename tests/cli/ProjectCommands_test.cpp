@@ -82,3 +82,15 @@ TEST_F(CliTest, IniCommandsPrintExactlyWhatAReadReturns) {
 }
 
 } // namespace
+
+namespace {
+
+TEST_F(CliTest, CompileRefusesARegistryNameThatCouldLeaveTheProject) {
+    ASSERT_EQ(Run({"create", "Alpha"}), 0);
+    TempFolder::Write(app / "projects/Alpha/misc/factions.ini", "[../../escape]\r\ngrp=x\r\n");
+    EXPECT_EQ(Run({"compile", "Alpha"}), 2);
+    EXPECT_NE(err.str().find("../../escape"), std::string::npos);
+    EXPECT_FALSE(std::filesystem::exists(app / "projects/Alpha/compiled/emphaty.ini"));
+}
+
+} // namespace

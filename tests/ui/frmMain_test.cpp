@@ -12,6 +12,7 @@
 #include <QAbstractButton>
 #include <QElapsedTimer>
 #include <QGroupBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -332,6 +333,17 @@ private slots:
         QVERIFY2(dialogs->shown[1].text.contains("factions.ini"),
                  qPrintable(dialogs->shown[1].text));
         QVERIFY(window->isVisible());
+    }
+
+    void UnusableRegistryNamesAreLeftOutAndTold() {
+        LoadProject("Alpha");
+        TempFolder::Write(ProjectFile("Alpha", "misc/factions.ini"),
+                          "[ok_grp]\r\ngrp=A\r\n[../up]\r\ngrp=B\r\n");
+        Click("btnnewfactionreload");
+        QCOMPARE(Factions(), QStringList{"ok_grp|A"});
+        QCOMPARE(Get<QComboBox>("cboemphaty_group")->count(), 1);
+        QCOMPARE(dialogs->shown.size(), std::size_t(1));
+        QVERIFY(dialogs->shown.front().text.contains("../up"));
     }
 
     void SlidesTakeTheComputedTicks() {
