@@ -11,8 +11,14 @@ int RunCreate(const Arguments& args, Context& context) {
         return Failed;
     if (!modFunctions::FindProject(context.appDir, *name).empty())
         return Failure(context, "a project \"" + args[0] + "\" exists already");
-    modFunctions::CreateProjectFolders(context.appDir, *name);
-    modFunctions::WriteProtocol(context.appDir, *name, "Project created.");
+    try {
+        modFunctions::CreateProjectFolders(context.appDir, *name);
+        modFunctions::WriteProtocol(context.appDir, *name, "Project created.");
+    } catch (...) {
+        // A failed command leaves nothing behind: the project did not exist before.
+        modFunctions::DeleteProjectFolder(context.appDir, *name);
+        throw;
+    }
     return Ok;
 }
 

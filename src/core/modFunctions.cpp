@@ -194,10 +194,11 @@ void DeleteFaction(std::string_view appDir, std::string_view project, std::strin
     const std::string registry = RegistryPath(appDir, project);
     const std::string text =
         RegistryWithoutFaction(txtReadWrite::ReadFileText(registry), nickname, group);
+    // The registry first: when it cannot be rewritten, the faction keeps its files too.
+    txtReadWrite::WriteFileText(registry, text);
     for (const auto& [prefix, suffix] : FactionFiles)
         platform::DeleteFile(ProjectPath(
             appDir, project, std::string(prefix) + std::string(nickname) + std::string(suffix)));
-    txtReadWrite::WriteFileText(registry, text);
 }
 
 std::vector<std::string> LoadListFile(const std::string& path) {

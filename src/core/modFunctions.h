@@ -54,8 +54,9 @@ std::vector<std::string> RegistryNicknames(const std::string& registryPath);
 // nickname when the description is blank. Nothing happens (returns "") for a blank nickname.
 std::string SaveFaction(std::string_view appDir, std::string_view project,
                         std::string_view nickname, std::string_view description);
-// The Delete action: empties the section line and its "grp=<group>" line, deletes the
-// faction's seven per-faction files (errors skipped) and rewrites the registry in one step.
+// The Delete action: rewrites the registry in one step with the section line and its
+// "grp=<group>" line emptied, then deletes the faction's seven per-faction files (errors
+// skipped). A failed rewrite throws before any file is deleted.
 void DeleteFaction(std::string_view appDir, std::string_view project, std::string_view nickname,
                    std::string_view group);
 // The text of the registry with the faction's two lines emptied (line ends kept).

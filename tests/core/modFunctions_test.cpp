@@ -113,3 +113,14 @@ TEST(ListFiles, EmptyLinesAreSkippedAndBlankOnesKept) {
     EXPECT_FALSE(FileExists(dir.path()));
     EXPECT_FALSE(FileExists(dir / "none.lst"));
 }
+
+TEST_F(ProjectTest, AFailedRegistryRewriteKeepsTheFactionsFiles) {
+    CreateProjectFolders(app.path(), "Alpha");
+    SaveFaction(app.path(), "Alpha", "li_n_grp", "Navy");
+    const std::string reps = app / "projects/Alpha/emphaty/new/reps_li_n_grp.facts";
+    TempFolder::Write(reps, "x");
+    std::filesystem::permissions(app / "projects/Alpha/misc/factions.ini", std::filesystem::perms::owner_read);
+    EXPECT_THROW(DeleteFaction(app.path(), "Alpha", "li_n_grp", "Navy"), platform::FileError);
+    EXPECT_TRUE(std::filesystem::exists(reps));
+    EXPECT_EQ(RegistryBytes(), "[li_n_grp]\r\ngrp=Navy\r\n");
+}
