@@ -303,11 +303,14 @@ void ReputationPage::btnEmphatySave_Click() {
     for (int r = 0; r < lv_emphaty->topLevelItemCount(); ++r)
         rows.push_back(Nickname(lv_emphaty->topLevelItem(r)->data(ColumnFaction, NicknameRole)));
 
-    pgEmphaty2->setRange(0, std::max(static_cast<int>(factions.size()) - 1, 0));
+    // The faction bar counts from 0 to the last index. A bar whose maximum is 0 draws a busy
+    // indicator, so a single faction gets a maximum of 1 and fills it when done.
+    const int lastFaction = static_cast<int>(factions.size()) - 1;
+    pgEmphaty2->setRange(0, std::max(lastFaction, 1));
     pgEmphaty1->setRange(0, std::max(static_cast<int>(rows.size()), 1));
-    const auto progress = [this](const reputation::CompileProgress& at) {
+    const auto progress = [this, lastFaction](const reputation::CompileProgress& at) {
         if (at.factionDone)
-            pgEmphaty2->setValue(static_cast<int>(at.faction));
+            pgEmphaty2->setValue(lastFaction > 0 ? static_cast<int>(at.faction) : 1);
         else
             pgEmphaty1->setValue(static_cast<int>(at.row));
     };

@@ -204,6 +204,13 @@ void ReputationPageTest::compileWritesTheFileAndTheProtocolLine() {
     QVERIFY(protocol.find(": Emphaty.ini compiled...\r\n") != std::string::npos);
     QCOMPARE(page->findChild<QProgressBar*>("pgEmphaty2")->value(), 1);
     QCOMPARE(page->findChild<QProgressBar*>("pgEmphaty1")->value(), 2);
+
+    // One faction: the faction bar ends full instead of turning into a busy indicator.
+    page->ClearFactions();
+    page->AddFactions({{"A", "Alpha", "0.0"}});
+    page->findChild<VantelButton*>("btnEmphatySave")->click();
+    const auto* total = page->findChild<QProgressBar*>("pgEmphaty2");
+    QVERIFY(total->maximum() > 0 && total->value() == total->maximum());
 }
 
 QTEST_MAIN(ReputationPageTest)
