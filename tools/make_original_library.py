@@ -133,7 +133,8 @@ def props_file(faction, catalogues):
     comms = parts(catalogues["comms"], "comm_" + house_part, "comm_ge_", 1)
     body_lines = ["%s, %s, %s" % (h, b, comms[0]) for h, b in zip(heads, bodies)]
 
-    scans = pick(catalogues["scans"], 3, f.nick, "scan") if f.police or f.navy else []
+    # Everyone looks for something in a hold: patrols for contraband, the rest for loot.
+    scans = pick(catalogues["scans"], 3 if f.police or f.navy else 1, f.nick, "scan")
     own_formations = [x for x in catalogues["formations"] if x.endswith(f.prefix) or f.house in x]
     formations = pick(own_formations or catalogues["formations"], 2, f.nick, "formation")
     classes = pick(catalogues["classes"], len(formations), f.nick, "class")
@@ -159,13 +160,14 @@ def props_file(faction, catalogues):
         "rank_desig = %d, %d, %d, %d, %d" % tuple(ids + 32 + i for i in range(5)),
         "formation_desig = %d, %d" % (ids + 37, ids + 38),
     ]
-    if f.navy:
-        lines += ["large_ship_desig = %d" % (ids + 39), "large_ship_names = %d, %d" % (ids + 40, ids + 47)]
+    # Every faction names its capital ships, a navy just has more names for them.
+    lines += ["large_ship_desig = %d" % (ids + 39),
+              "large_ship_names = %d, %d" % (ids + 40, ids + (47 if f.navy else 42))]
     lines += ["scan_for_cargo = " + s for s in scans]
-    if scans:
+    if f.police or f.navy:
         lines += ["scan_announce = True", "scan_chance = " + number(0.3 + 0.4 * stable(f.nick, "chance"))]
     else:
-        lines += ["scan_announce = False", "scan_chance = 0"]
+        lines += ["scan_announce = False", "scan_chance = " + number(0.05 + 0.1 * stable(f.nick, "chance"))]
     lines += ["formation = " + x for x in formation_lines]
     return lines
 

@@ -149,7 +149,13 @@ TEST(ListOriginalFactions, TheShippedLibraryKeepsItsInvariant) {
         const auto world =
             ReadOriginalInitialWorld(data + "/initialworld/original_factions/" + name);
         EXPECT_EQ(world.reputations.size(), 43u) << name;
-        EXPECT_FALSE(ReadOriginalFactionProps(data + "/faction_prop/original_factions/" + name)
-                         .ships.empty());
+        // Every faction has all fourteen property keys and all five lists.
+        const auto props =
+            ReadOriginalFactionProps(data + "/faction_prop/original_factions/" + name);
+        for (const std::string& value : props.values)
+            EXPECT_FALSE(value.empty()) << name;
+        for (const auto* list :
+             {&props.ships, &props.voices, &props.bodyParts, &props.scans, &props.formations})
+            EXPECT_FALSE(list->empty()) << name;
     }
 }
