@@ -217,9 +217,15 @@ void InitialWorldPage::VantelButton13_Click() {
     progress.factionDone = [this](std::size_t done) { pgInit2->setValue(static_cast<int>(done)); };
     try {
         initialworld::CompileInitialWorld(session.ProjectPath(), factions, rows, progress);
-        session.WriteProtocol("Initialworld.ini created...");
     } catch (const std::exception& error) {
         dialogs.ShowError(QStringLiteral("Initialworld.ini was not created: ") +
+                          Dialogs::Describe(error));
+        return;
+    }
+    try {
+        session.WriteProtocol("Initialworld.ini created...");
+    } catch (const std::exception& error) {
+        dialogs.ShowError(QStringLiteral("The protocol could not be written: ") +
                           Dialogs::Describe(error));
     }
 }

@@ -316,9 +316,15 @@ void ReputationPage::btnEmphatySave_Click() {
     };
     try {
         reputation::CompileEmphaty(ProjectFolder(), factions, rows, progress);
-        session.WriteProtocol("Emphaty.ini compiled...");
     } catch (const std::exception& error) {
         dialogs.ShowError(QStringLiteral("Emphaty.ini was not compiled: ") +
+                          Dialogs::Describe(error));
+        return;
+    }
+    try {
+        session.WriteProtocol("Emphaty.ini compiled...");
+    } catch (const std::exception& error) {
+        dialogs.ShowError(QStringLiteral("The protocol could not be written: ") +
                           Dialogs::Describe(error));
     }
 }

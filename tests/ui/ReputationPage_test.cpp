@@ -211,6 +211,12 @@ void ReputationPageTest::compileWritesTheFileAndTheProtocolLine() {
     page->findChild<VantelButton*>("btnEmphatySave")->click();
     const auto* total = page->findChild<QProgressBar*>("pgEmphaty2");
     QVERIFY(total->maximum() > 0 && total->value() == total->maximum());
+    // Only the protocol fails: the message says so, not that the compile failed.
+    std::filesystem::remove_all(*app / "projects/Mod/Protocol");
+    std::filesystem::remove_all(*app / "projects/Mod/protocol");
+    page->findChild<VantelButton*>("btnEmphatySave")->click();
+    QCOMPARE(dialogs->shown.size(), std::size_t(1));
+    QVERIFY(dialogs->shown[0].text.startsWith("The protocol could not be written"));
 }
 
 QTEST_MAIN(ReputationPageTest)
