@@ -143,6 +143,19 @@ ImportAllResult ImportAllOriginalFactions(std::string_view appDir, const std::st
         }
     }
 
+    // A name that only the other folders hold is an entry without its reputation file.
+    std::vector<std::string> folded;
+    for (const std::string& name : entries)
+        folded.push_back(names::Folded(name));
+    std::sort(folded.begin(), folded.end());
+    for (const auto* others : {&propNames, &worldNames})
+        for (const auto& [key, name] : *others)
+            if (!std::binary_search(folded.begin(), folded.end(), key)) {
+                folded.insert(std::upper_bound(folded.begin(), folded.end(), key), key);
+                result.refused.emplace_back(InFolder(ReputationFolder(appDir), name), 0,
+                                            "the library file is missing");
+            }
+
     progress.setMaximum(entries.empty() ? 0 : static_cast<int>(entries.size()) - 1);
     // One transaction for the whole run: each file is parsed once and written once.
     txtReadWrite::Transaction transaction;

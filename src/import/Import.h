@@ -42,7 +42,8 @@ struct ImportProgress {
 
 struct ImportAllResult {
     std::vector<std::string> imported; // nicknames, in list order
-    std::vector<LibraryError> refused; // in list order
+    // In list order, then the names that only the other two folders hold.
+    std::vector<LibraryError> refused;
 };
 
 // Imports every library entry (the reputation folder's list, each entry's files paired by
