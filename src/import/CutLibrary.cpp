@@ -79,6 +79,10 @@ CutResult CutLibrary(const std::string& libraryRoot, const CutSources& sources) 
             if (const auto reason = names::Refusal(block.name))
                 throw CutError(where + ": the " + std::string(kind.key) + " \"" + block.name +
                                "\" is refused: " + *reason);
+            // A name with a dot would be a file that no library list shows.
+            if (block.name.find('.') != std::string::npos)
+                throw CutError(where + ": the " + std::string(kind.key) + " \"" + block.name +
+                               "\" is refused: a library entry's name has no dot");
             if (!seen.insert(names::Folded(block.name)).second)
                 throw CutError(where + ": \"" + block.name + "\" has a block already");
             files.emplace_back(folder + "\\" + block.name, Joined(block.lines));

@@ -43,6 +43,8 @@ TEST(CutLibrary, RefusedOrRepeatedNamesWriteNothing) {
     TempFolder::Write(temp / "f.ini", "[FactionProps]\r\naffiliation = x:y\r\n");
     EXPECT_THROW(CutLibrary(temp / "lib", {temp / "e.ini", {}, {}}), CutError);
     EXPECT_THROW(CutLibrary(temp / "lib", {{}, temp / "f.ini", {}}), CutError);
+    TempFolder::Write(temp / "w.ini", "[Group]\r\nnickname = li.n_grp\r\n");
+    EXPECT_THROW(CutLibrary(temp / "lib", {{}, {}, temp / "w.ini"}), CutError);
     EXPECT_FALSE(std::filesystem::exists(temp / "lib"));
 }
 
