@@ -41,6 +41,8 @@ QComboBox* EditableCombo(QWidget* parent, const char* name) {
     combo->setEditable(true);
     // Typed text is stored, never added to the items.
     combo->setInsertPolicy(QComboBox::NoInsert);
+    // Stored as typed: a completion would turn "..._d1" into the item "..._d10".
+    combo->setCompleter(nullptr);
     return combo;
 }
 
@@ -208,6 +210,7 @@ FactionPropsPage::FactionPropsPage(Session& session, Dialogs& dialogs, QWidget* 
     middle->addWidget(SSTab2, 1);
     auto* bottom = new QHBoxLayout;
     bottom->addWidget(btnCompileFP);
+    bottom->addWidget(Named(new QLabel(QStringLiteral("Gesamt"), this), "Label26"));
     bottom->addWidget(pgFP2, 1);
     auto* page = new QVBoxLayout(this);
     page->addLayout(top);

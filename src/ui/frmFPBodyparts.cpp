@@ -15,6 +15,7 @@ QComboBox* CatalogueCombo(QWidget* parent, const char* name, factionprops::Catal
     combo->setObjectName(QString::fromLatin1(name));
     combo->setEditable(true);
     combo->setInsertPolicy(QComboBox::NoInsert);
+    combo->setCompleter(nullptr); // the entry holds what is typed, never a completed item
     for (const char* item : items)
         combo->addItem(QString::fromLatin1(item));
     // Empty until the user picks or types.

@@ -134,6 +134,20 @@ private slots:
         Get<QLineEdit>("txtFPrank")->setText(QStringLiteral("198000"));
         Get<QComboBox>("cboFPprefix")->setEditText(QStringLiteral("typed_prefix"));
         PickItem("cboFPmc", "mc_ku");
+        // What is typed is stored and added as typed, never completed to a catalogue item.
+        page->show();
+        QVERIFY(QTest::qWaitForWindowExposed(page.get()));
+        auto* ships = Get<QComboBox>("cboFPShips");
+        ships->setFocus();
+        ships->setEditText(QString());
+        QTest::keyClicks(ships->lineEdit(), QStringLiteral("br_n_br_elite_d1"));
+        QCOMPARE(ships->currentText(), QStringLiteral("br_n_br_elite_d1"));
+        auto* costume = Get<QComboBox>("cboFPmc");
+        costume->setFocus();
+        costume->setEditText(QString());
+        QTest::keyClicks(costume->lineEdit(), QStringLiteral("mc_l"));
+        QCOMPARE(Value("x", "mc_costume"), "mc_l");
+        PickItem("cboFPmc", "mc_ku");
         Get<QRadioButton>("Option4")->setChecked(true);
         Get<QRadioButton>("Option6")->setChecked(true);
         QCOMPARE(Value("x", "rank_desig"), "198000");
