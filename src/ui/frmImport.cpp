@@ -42,6 +42,11 @@ frmImport::frmImport(Session& session_, Dialogs& dialogs_, QWidget* owner)
     resize(300, 360);
 
     connect(File1, &QListWidget::itemClicked, this, &frmImport::File1_Click);
+    // Choosing an entry with the keyboard counts as clicking it.
+    connect(File1, &QListWidget::itemSelectionChanged, this, [this] {
+        if (const auto selected = File1->selectedItems(); !selected.isEmpty())
+            File1_Click(selected.front());
+    });
     connect(btnImport, &VantelButton::Click, this, &frmImport::btnImport_Click);
     connect(VantelButton1, &VantelButton::Click, this, &frmImport::VantelButton1_Click);
 }

@@ -4,6 +4,7 @@
 #include "support/TempFolder.h"
 #include "ui/ImportActions.h"
 #include "ui/Session.h"
+#include "ui/Text.h"
 #include "ui/VantelButton.h"
 #include "ui/frmImport.h"
 
@@ -105,6 +106,11 @@ private slots:
         emit importButton->Click();
         QCOMPARE(s.shownFactions, (std::vector<std::string>{"li_n_grp", "br_n_grp"}));
         QVERIFY(s.dialogs.shown.empty());
+
+        // Choosing with the keyboard counts as a click.
+        QTest::keyClick(File1, Qt::Key_Down);
+        QCOMPARE(dialog->ChosenNickname(), text::ToFile(File1->currentItem()->text()));
+        QVERIFY(dialog->ChosenNickname() != "br_n_grp");
 
         // A further click on the main window's button brings the same dialog forward.
         emit s.btnImport->Click();
