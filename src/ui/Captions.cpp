@@ -125,7 +125,8 @@ void Apply(QWidget& window, Language language) {
         if (window.objectName() == QLatin1String(row.control))
             Set(&window, row, text);
         for (QWidget* widget : window.findChildren<QWidget*>(QString::fromLatin1(row.control)))
-            Set(widget, row, text);
+            if (widget->window() == &window) // not the dialogs it owns: they keep theirs
+                Set(widget, row, text);
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 // The main window's two languages: one table of rows, applied by a loop. Controls are
-// found by objectName anywhere in the window, the hosted pages included.
+// found by objectName anywhere in the window, the hosted pages included; windows it owns
+// (the import dialog) have one set of captions and are left alone.
 #include <span>
 
 class QWidget;
