@@ -160,8 +160,7 @@ QWidget* frmMain::BuildProjectsPage() {
     txtZeit = new QLineEdit(QStringLiteral("80"), page);
     txtZeit->setObjectName(QStringLiteral("txtZeit"));
     txtZeit->hide();
-    Label1->setBuddy(Slider1);
-    Slider1->setAccessibleName(QStringLiteral("Scroll speed"));
+    Label1->setBuddy(Slider1); // names it for screen readers, in the shown language
     connect(Slider1, &QSlider::valueChanged, this, &frmMain::Slider1_Change);
 
     Label4 = MakeLabel(page, "Label4", QStringLiteral("-->"));
@@ -203,7 +202,6 @@ void frmMain::BuildFrame1() {
     rtfLog->setAcceptRichText(false);
     rtfLog->setLineWrapMode(QTextEdit::NoWrap);
     Label5->setBuddy(rtfLog);
-    rtfLog->setAccessibleName(QStringLiteral("Log"));
     twips::Place(rtfLog, 2640, 480, 7080, 2280);
 
     txtdateiname = new QLineEdit(Frame1);
@@ -262,14 +260,12 @@ void frmMain::BuildFrame2() {
     txtNewNick = new QLineEdit(frmnewFaction);
     txtNewNick->setObjectName(QStringLiteral("txtNewNick"));
     nickLabel->setBuddy(txtNewNick);
-    txtNewNick->setAccessibleName(QStringLiteral("Nickname"));
     twips::Place(txtNewNick, 1320, 300, 3120, 315);
     auto* descrLabel = MakeLabel(frmnewFaction, "lblNewDescr", QStringLiteral("Description"));
     twips::Place(descrLabel, 120, 810, 1200, 255);
     txtNewDescr = new QLineEdit(frmnewFaction);
     txtNewDescr->setObjectName(QStringLiteral("txtNewDescr"));
     descrLabel->setBuddy(txtNewDescr);
-    txtNewDescr->setAccessibleName(QStringLiteral("Description"));
     twips::Place(txtNewDescr, 1320, 780, 3120, 315);
 
     btnnewfactionnew = MakeButton(Frame2, "btnnewfactionnew");
