@@ -41,6 +41,17 @@ private:
     QPixmap pixmap_;
 };
 
+// The caption as read aloud: the "&" that marks the access key is dropped, "&&" is "&".
+QString WithoutAccessKeyMark(const QString& caption) {
+    QString text;
+    for (qsizetype i = 0; i < caption.size(); ++i) {
+        if (caption[i] == u'&' && i + 1 < caption.size())
+            ++i;
+        text += caption[i];
+    }
+    return text;
+}
+
 // Screen readers and automation see a push button named by its caption.
 class VantelButtonAccessible : public QAccessibleWidget {
 public:
@@ -50,7 +61,9 @@ public:
     QString text(QAccessible::Text kind) const override {
         QString value = QAccessibleWidget::text(kind);
         if (kind == QAccessible::Name && value.isEmpty())
-            value = Button()->Caption();
+            value = WithoutAccessKeyMark(Button()->Caption());
+        else if (kind == QAccessible::Accelerator && value.isEmpty())
+            value = QKeySequence::mnemonic(Button()->Caption()).toString(QKeySequence::NativeText);
         return value;
     }
     // The pictures and the caption label are the button's own drawing, not children.

@@ -190,8 +190,10 @@ private slots:
         QVERIFY(accessible->state().disabled);
         actions->doAction(QAccessibleActionInterface::pressAction());
         QCOMPARE(clicks.count(), 1);
-        button->setCaption("Generate XML");
-        QCOMPARE(accessible->text(QAccessible::Name), QString("Generate XML"));
+        button->setCaption("De&lete && more");
+        QCOMPARE(accessible->text(QAccessible::Name), QString("Delete & more"));
+        QCOMPARE(accessible->text(QAccessible::Accelerator),
+                 QKeySequence(Qt::ALT | Qt::Key_L).toString(QKeySequence::NativeText));
     }
 };
 
