@@ -119,6 +119,29 @@ private slots:
         QTRY_VERIFY(!s.actions->ImportDialog());
     }
 
+    // The dialog imports into the project that lblActiveProject shows; import all into
+    // ActiveProject.
+    void singleImportFollowsTheCaptionImportAllTheMember() {
+        Setup s;
+        modFunctions::CreateProjectFolders(s.session.appDir, "Q");
+        s.Load("Q");
+        s.session.activeProjectCaption = [] { return std::string("P"); };
+        emit s.btnImport->Click();
+        auto* File1 = s.actions->ImportDialog()->findChild<QListWidget*>("File1");
+        emit File1->itemClicked(File1->findItems("li_n_grp", Qt::MatchExactly).front());
+        emit s.actions->ImportDialog()->findChild<VantelButton*>("btnImport")->Click();
+        const auto registry = [&](const char* project) {
+            return modFunctions::RegistryNicknames(
+                modFunctions::RegistryPath(s.session.appDir, project));
+        };
+        QCOMPARE(registry("P"), std::vector<std::string>{"li_n_grp"});
+        QVERIFY(registry("Q").empty());
+        QCOMPARE(Count(s.Protocol(), "Original imported..."), 1);
+        emit s.btnImportAll->Click();
+        QCOMPARE(registry("P").size(), std::size_t(1));
+        QCOMPARE(registry("Q").size(), std::size_t(43));
+    }
+
     void aMissingLibraryFolderEndsTheDialog() {
         Setup s;
         s.Load("P");
