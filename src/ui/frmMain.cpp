@@ -137,9 +137,7 @@ void frmMain::BuildTopButtons() {
     for (VantelButton* button : {VantelButton1, VantelButton2, VantelButton3})
         button->setFixedSize(twips::ToPixels(ButtonWidth), twips::ToPixels(ButtonHeight));
     VantelButton3->setCaption(QStringLiteral("?"));
-    QFont bold = VantelButton3->font();
-    bold.setBold(true);
-    VantelButton3->setFont(bold);
+    VantelButton3->setBold(true);
     connect(VantelButton1, &VantelButton::Click, this, &frmMain::VantelButton1_Click);
     connect(VantelButton2, &VantelButton::Click, this, &frmMain::VantelButton2_Click);
     connect(VantelButton3, &VantelButton::Click, this, &frmMain::VantelButton3_Click);

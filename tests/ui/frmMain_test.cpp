@@ -116,6 +116,8 @@ private slots:
         QCOMPARE(Get<QTabWidget>("SSTab1")->tabText(0), QString("Projektmanager"));
         QCOMPARE(Get<QTabWidget>("SSTab1")->tabText(4), QString("XML-Script"));
         QCOMPARE(Get<VantelButton>("VantelButton2")->Caption(), QString("Englische Version"));
+        QVERIFY(Get<VantelButton>("VantelButton3")->Bold());
+        QVERIFY(!Get<VantelButton>("VantelButton2")->Bold());
         QVERIFY(!Get<QGroupBox>("Frame1")->isHidden());
         QVERIFY(Get<QGroupBox>("Frame2")->isHidden());
         QVERIFY(Get<QLineEdit>("txtdateiname")->isHidden());
