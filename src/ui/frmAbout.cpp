@@ -26,9 +26,11 @@ const char* const SpecialThanks =
     "missing; to the modding community for years of shared knowledge about the game's files; "
     "and to the authors of the faction write-ups that taught us how reputations really work.";
 
-QTextBrowser* Notice(const char* text) {
+// Named for screen readers by the caption of the tab that holds it.
+QTextBrowser* Notice(const char* text, const QString& caption) {
     auto* view = new QTextBrowser;
     view->setPlainText(QString::fromUtf8(text));
+    view->setAccessibleName(caption);
     return view;
 }
 
@@ -53,8 +55,10 @@ frmAbout::frmAbout(QWidget* parent) : QWidget(parent) {
 
     SSTab1 = new QTabWidget(this);
     SSTab1->setObjectName(QStringLiteral("SSTab1"));
-    SSTab1->addTab(Notice(CreatingAFaction), QStringLiteral("Creating a Faction"));
-    SSTab1->addTab(Notice(SpecialThanks), QStringLiteral("Special Thanks"));
+    const QString creating = QStringLiteral("Creating a Faction");
+    const QString thanks = QStringLiteral("Special Thanks");
+    SSTab1->addTab(Notice(CreatingAFaction, creating), creating);
+    SSTab1->addTab(Notice(SpecialThanks, thanks), thanks);
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(Label1);
