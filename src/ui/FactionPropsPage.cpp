@@ -196,8 +196,29 @@ FactionPropsPage::FactionPropsPage(Session& session, Dialogs& dialogs, QWidget* 
     pgFP2->setRange(0, 1);
     pgFP2->setValue(0);
 
+    // Screen readers name each control by the label beside it; the rest get a fixed name.
+    for (const auto& [label, field] : {std::pair<QLabel*, QWidget*>{Label20, txtFPNameMale},
+                                       {Label21, txtFPFemale},
+                                       {Label22, txtFPLastname},
+                                       {Label29, cboFPScanFracht},
+                                       {Label15, lstFPShips},
+                                       {Label16, lstFPVoice},
+                                       {Label17, lstFPBodyparts},
+                                       {Label19, lstFPformation}})
+        label->setBuddy(field);
+    for (const auto& [field, name] : {std::pair<QWidget*, const char*>{lstFPscan, "Scan list"},
+                                      {cboFPShips, "Ship catalogue"},
+                                      {cboFPVoice, "Voice catalogue"},
+                                      {cboFPScan, "Scan catalogue"},
+                                      {cboFPFormation, "Formation class catalogue"},
+                                      {cboFPformation2, "Formation catalogue"},
+                                      {pgFP2, "Progress"}})
+        field->setAccessibleName(QString::fromLatin1(name));
+
     auto* top = new QHBoxLayout;
-    top->addWidget(new QLabel(QStringLiteral("Faction"), this));
+    auto* factionLabel = new QLabel(QStringLiteral("Faction"), this);
+    factionLabel->setBuddy(cboFP_group);
+    top->addWidget(factionLabel);
     top->addWidget(cboFP_group, 1);
     auto* left = new QVBoxLayout;
     left->addWidget(legality);

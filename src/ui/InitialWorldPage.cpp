@@ -66,6 +66,14 @@ InitialWorldPage::InitialWorldPage(Session& session, Dialogs& dialogs, QWidget* 
     pgInit1 = Named(new QProgressBar(this), "pgInit1");
     Label25 = Label("Label25", QStringLiteral("Gesamt"), this);
     pgInit2 = Named(new QProgressBar(this), "pgInit2");
+    // Screen readers name each control by the label beside it.
+    Label35->setBuddy(cboInit_group);
+    Label32->setBuddy(txtInitName);
+    Label33->setBuddy(txtInitShortName);
+    Label34->setBuddy(txtInitInfo);
+    Label31->setBuddy(pgInit1);
+    Label25->setBuddy(pgInit2);
+    lv_Init->setAccessibleName(QStringLiteral("Starting reputations"));
     for (QProgressBar* bar : {pgInit1, pgInit2}) {
         bar->setRange(0, 100);
         bar->setValue(0);

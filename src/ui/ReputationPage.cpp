@@ -103,6 +103,15 @@ ReputationPage::ReputationPage(Session& session, Dialogs& dialogs, QWidget* pare
     pgEmphaty1 = Named(new QProgressBar(this), "pgEmphaty1");
     lblGesamtEmp = Named(new QLabel(QStringLiteral("Gesamt"), this), "lblGesamtEmp");
     pgEmphaty2 = Named(new QProgressBar(this), "pgEmphaty2");
+    // Screen readers name each control by the label beside it.
+    Label3->setBuddy(cboemphaty_group);
+    lbl_emphaty_object_destruction->setBuddy(Combo1);
+    lbl_emphaty_rms->setBuddy(Combo2);
+    lbl_emphaty_rmf->setBuddy(Combo3);
+    lbl_emphaty_rma->setBuddy(Combo4);
+    lblEmphatyList->setBuddy(lv_emphaty);
+    lblAktuellEmp->setBuddy(pgEmphaty1);
+    lblGesamtEmp->setBuddy(pgEmphaty2);
     for (QProgressBar* bar : {pgEmphaty1, pgEmphaty2}) {
         bar->setRange(0, 100);
         bar->setValue(0);

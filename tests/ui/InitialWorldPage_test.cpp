@@ -6,6 +6,7 @@
 #include "ui/Session.h"
 #include "ui/VantelButton.h"
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
@@ -25,6 +26,7 @@ private slots:
     void declinedOrUnaddressedEditChangesNothing();
     void failedWriteIsShownNamingTheFile();
     void compileWritesFileAndProtocolOrShowsFailure();
+    void fieldsAreNamedByTheirLabelsForScreenReaders();
 
 private:
     std::string DataPath() const { return *app / "projects/Mod/initialworld/grp.ini"; }
@@ -165,4 +167,15 @@ void InitialWorldPageTest::compileWritesFileAndProtocolOrShowsFailure() {
 }
 
 QTEST_MAIN(InitialWorldPageTest)
+void InitialWorldPageTest::fieldsAreNamedByTheirLabelsForScreenReaders() {
+    const auto name = [this](const char* objectName) {
+        QAccessibleInterface* face =
+            QAccessible::queryAccessibleInterface(page->findChild<QWidget*>(objectName));
+        return face ? face->text(QAccessible::Name) : QString("<none>");
+    };
+    QCOMPARE(name("txtInitName"), QString("IDS Name"));
+    QCOMPARE(name("cboInit_group"), QString("Nickname"));
+    QCOMPARE(name("lv_Init"), QString("Starting reputations"));
+}
+
 #include "InitialWorldPage_test.moc"
