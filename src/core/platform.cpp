@@ -2,6 +2,7 @@
 
 #include "core/names.h"
 
+#include <atomic>
 #include <cerrno>
 #include <cstring>
 #include <dirent.h>
@@ -83,23 +84,22 @@ std::string WriteTemporary(const std::string& target, std::string_view bytes) {
     // A file without write permission is read-only for everyone, the superuser included.
     if (exists && ((existing.st_mode & 0222) == 0 || ::access(target.c_str(), W_OK) != 0))
         throw FileError(target, "the file is read-only");
-    const std::string folder = FolderOf(target);
-    if (!IsDirectory(folder))
-        throw FileError(target, "the folder does not exist");
-    std::string temporary = folder + "/.orrindel-XXXXXX";
-    Descriptor file{::mkstemp(temporary.data())};
-    if (file.fd < 0)
-        throw FileError(target, SystemReason(errno));
+    // A fresh name beside the target, created with the usual permissions (the umask applies);
+    // an existing file's own permissions are carried over.
+    static std::atomic<unsigned> counter{0};
+    const std::string prefix = FolderOf(target) + "/.orrindel-" + std::to_string(::getpid()) + "-";
+    std::string temporary;
+    Descriptor file;
+    for (int attempt = 0; file.fd < 0; ++attempt) {
+        temporary = prefix + std::to_string(counter++);
+        file.fd = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (file.fd < 0 && (errno != EEXIST || attempt > 100))
+            throw FileError(target,
+                            errno == ENOENT ? "the folder does not exist" : SystemReason(errno));
+    }
     try {
-        mode_t mode = 0666;
-        if (exists) {
-            mode = existing.st_mode & 07777;
-        } else {
-            const mode_t mask = ::umask(0);
-            ::umask(mask);
-            mode &= ~mask;
-        }
-        ::fchmod(file.fd, mode);
+        if (exists)
+            ::fchmod(file.fd, existing.st_mode & 07777);
         // No fsync: the rename alone guarantees that a crashed program leaves the old or the
         // new file, and syncing every keystroke's write would make editing sluggish.
         WriteAll(file.fd, bytes, target);

@@ -140,8 +140,6 @@ void WriteIni(std::string_view section, std::string_view key, std::string_view v
 }
 
 std::string ReadFileText(const std::string& path) {
-    if (!platform::IsFile(path))
-        return {};
     return platform::ReadBytes(path).value_or("");
 }
 
@@ -174,8 +172,6 @@ std::vector<std::string_view> SplitLines(std::string_view bytes) {
 }
 
 std::vector<std::string> ReadLines(const std::string& path) {
-    if (!platform::IsFile(path))
-        return {};
     const std::string bytes = platform::ReadBytes(path).value_or("");
     const auto views = SplitLines(bytes);
     return {views.begin(), views.end()};
@@ -193,8 +189,12 @@ std::string ReadFileLine(const std::string& path, long lineNumber) {
 // ---- Transaction ----
 
 Transaction::Pending& Transaction::Slot(const std::string& file) {
+    // Batches write many values into one file in a row.
+    if (last_ && file == lastGiven_)
+        return *last_;
+    lastGiven_ = file;
     if (const auto known = keyOf_.find(file); known != keyOf_.end())
-        return pending_.at(known->second);
+        return *(last_ = &pending_.at(known->second));
     const std::string resolved = resolver_.Resolve(file);
     const std::string keyName = names::Folded(resolved);
     auto [it, inserted] = pending_.try_emplace(keyName);
@@ -203,7 +203,7 @@ Transaction::Pending& Transaction::Slot(const std::string& file) {
         order_.push_back(keyName);
     }
     keyOf_.emplace(file, keyName);
-    return it->second;
+    return *(last_ = &it->second);
 }
 
 std::string Transaction::ReadIni(std::string_view section, std::string_view key,
@@ -263,6 +263,7 @@ void Transaction::Commit() {
     }
     pending_.clear();
     keyOf_.clear();
+    last_ = nullptr;
     order_.clear();
 }
 

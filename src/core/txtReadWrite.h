@@ -78,6 +78,8 @@ private:
     std::unordered_map<std::string, std::string> keyOf_; // given path -> key in pending_
     std::vector<std::string> order_;
     platform::PathResolver resolver_;
+    std::string lastGiven_; // the file of the previous call and its slot
+    Pending* last_ = nullptr;
 };
 
 } // namespace txtReadWrite
