@@ -551,22 +551,14 @@ void frmMain::btnnewfactionnew_Click() {
                 .arg(nickname));
         return;
     }
-    try {
-        modFunctions::SaveFaction(session.appDir, session.ActiveProject, *nicknameBytes,
-                                  text::ToFile(txtNewDescr->text()));
-    } catch (const names::NameRefused& error) {
-        dialogs.ShowError(Dialogs::Describe(error));
-        return;
-    } catch (const IniWriteError& error) {
-        dialogs.ShowError(QStringLiteral("The faction could not be saved to %1.\r\n%2")
-                              .arg(text::ToQt(error.file()), Dialogs::Describe(error)));
-        return;
-    } catch (const std::exception& error) {
-        dialogs.ShowError(QStringLiteral("The faction could not be saved.\r\n") +
-                          Dialogs::Describe(error));
-        return;
-    }
-    LoadFactionRegistry();
+    const bool saved = ChangeRegistry(
+        [&] {
+            modFunctions::SaveFaction(session.appDir, session.ActiveProject, *nicknameBytes,
+                                      text::ToFile(txtNewDescr->text()));
+        },
+        QStringLiteral("The faction could not be saved."));
+    if (saved)
+        LoadFactionRegistry();
 }
 
 void frmMain::btnnewfactiondel_Click() {
@@ -575,21 +567,26 @@ void frmMain::btnnewfactiondel_Click() {
         return;
     const std::string nickname = text::ToFile(item->text(0));
     const std::string group = text::ToFile(item->text(1));
+    const bool deleted = ChangeRegistry(
+        [&] {
+            modFunctions::DeleteFaction(session.appDir, session.ActiveProject, nickname, group);
+        },
+        QStringLiteral("The faction could not be deleted."));
+    if (deleted)
+        LoadFactionRegistry();
+}
+
+bool frmMain::ChangeRegistry(const std::function<void()>& change, const QString& failure) {
     try {
-        modFunctions::DeleteFaction(session.appDir, session.ActiveProject, nickname, group);
+        change();
+        return true;
     } catch (const names::NameRefused& error) {
         dialogs.ShowError(Dialogs::Describe(error));
-        return;
-    } catch (const platform::FileError& error) {
-        dialogs.ShowError(QStringLiteral("The faction registry %1 could not be rewritten.\r\n%2")
-                              .arg(text::ToQt(error.path()), Dialogs::Describe(error)));
-        return;
     } catch (const std::exception& error) {
-        dialogs.ShowError(QStringLiteral("The faction could not be deleted.\r\n") +
-                          Dialogs::Describe(error));
-        return;
+        // The core's message names the file and the reason.
+        dialogs.ShowError(failure + QStringLiteral("\r\n") + Dialogs::Describe(error));
     }
-    LoadFactionRegistry();
+    return false;
 }
 
 void frmMain::btnnewfactionreload_Click() {

@@ -1,4 +1,5 @@
 #pragma once
+#include <functional>
 // The main window: project manager and faction registry on the first page, one page per
 // game file and the script page after it, the three buttons above, the panel animations.
 #include <QWidget>
@@ -75,6 +76,8 @@ private:
     void CreateProject(const QString& name);
     void RefreshProjectList();
     void ShowNoProject();
+    // Runs a change of the registry; a failure is shown, and false returned.
+    bool ChangeRegistry(const std::function<void()>& change, const QString& failure);
     QString SelectedProject() const;
     void CreateProjectError(int number, const QString& description);
     std::string ActiveProjectCaption() const;
