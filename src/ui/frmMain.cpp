@@ -2,7 +2,6 @@
 
 #include "core/modFunctions.h"
 #include "core/names.h"
-#include "core/platform.h"
 #include "core/txtReadWrite.h"
 #include "ui/Captions.h"
 #include "ui/Dialogs.h"

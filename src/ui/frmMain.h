@@ -1,8 +1,8 @@
 #pragma once
-#include <functional>
 // The main window: project manager and faction registry on the first page, one page per
 // game file and the script page after it, the three buttons above, the panel animations.
 #include <QWidget>
+#include <functional>
 #include <string>
 #include <vector>
 
