@@ -103,14 +103,18 @@ std::shared_ptr<const IniDocument> LoadIni(const std::string& file) {
     return Cache().Load(platform::LookUpFile(IniFile(file)));
 }
 
+std::shared_ptr<const IniDocument> ReadIniDocument(const std::string& file) {
+    try {
+        return LoadIni(file);
+    } catch (const std::exception&) {
+        static const auto missing = std::make_shared<const IniDocument>();
+        return missing;
+    }
+}
+
 std::string ReadIni(std::string_view section, std::string_view key, std::string_view defaultValue,
                     const std::string& file) {
-    try {
-        return LoadIni(file)->Read(section, key, defaultValue);
-    } catch (const std::exception&) {
-        // An unreadable file reads like a missing one.
-        return IniDocument().Read(section, key, defaultValue);
-    }
+    return ReadIniDocument(file)->Read(section, key, defaultValue);
 }
 
 void WriteIni(std::string_view section, std::string_view key, std::string_view value,

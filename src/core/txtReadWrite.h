@@ -37,6 +37,8 @@ void WriteIni(std::string_view section, std::string_view key, std::string_view v
 // The parsed document of a file (empty when missing), shared from a small cache that is
 // revalidated by size, modification time and identity. Compilers read many keys per parse.
 std::shared_ptr<const IniDocument> LoadIni(const std::string& file);
+// The same for reading only: an unreadable file reads like a missing one, as ReadIni does.
+std::shared_ptr<const IniDocument> ReadIniDocument(const std::string& file);
 
 std::string ReadFileText(const std::string& path);
 void WriteFileText(const std::string& path, std::string_view text);  // adds CR LF

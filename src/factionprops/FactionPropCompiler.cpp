@@ -79,15 +79,6 @@ void AppendOptional(std::string& text, std::string_view key, std::string_view va
         AppendLine(text, key, value);
 }
 
-std::shared_ptr<const IniDocument> LoadSheets(const std::string& file) {
-    try {
-        return txtReadWrite::LoadIni(file);
-    } catch (const std::exception&) {
-        // An unreadable sheet file reads like a missing one: every faction gets the defaults.
-        return std::make_shared<const IniDocument>();
-    }
-}
-
 } // namespace
 
 std::string CompiledFactionPropPath(const std::string& projectFolder) {
@@ -96,7 +87,7 @@ std::string CompiledFactionPropPath(const std::string& projectFolder) {
 
 std::string FactionPropText(const std::string& projectFolder,
                             const std::vector<std::string>& factions, const Progress& progress) {
-    const auto sheets = LoadSheets(projectFolder + "\\faction_prop\\grp.ini");
+    const auto sheets = txtReadWrite::ReadIniDocument(projectFolder + "\\faction_prop\\grp.ini");
     const ListFolder lists(projectFolder + "\\faction_prop");
     std::string text;
     text.reserve(factions.size() * 1024);

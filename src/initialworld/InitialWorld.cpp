@@ -4,23 +4,14 @@
 
 namespace initialworld {
 
-namespace {
-// A file that cannot be read reads like a missing one, as single INI reads do.
-std::shared_ptr<const IniDocument> Load(const std::string& file) {
-    try {
-        return txtReadWrite::LoadIni(file);
-    } catch (const std::exception&) {
-        return std::make_shared<const IniDocument>();
-    }
-}
-} // namespace
+namespace {} // namespace
 
 std::string DataFile(std::string_view projectFolder) {
     return std::string(projectFolder) + "\\initialworld\\grp.ini";
 }
 
 Ids ReadIds(const std::string& file, std::string_view faction) {
-    const auto document = Load(file);
+    const auto document = txtReadWrite::ReadIniDocument(file);
     return {document->Read(faction, IdsName, MissingIds),
             document->Read(faction, IdsShortName, MissingIds),
             document->Read(faction, IdsInfo, MissingIds)};
@@ -33,7 +24,7 @@ void WriteIds(const std::string& file, std::string_view faction, std::string_vie
 
 std::vector<std::string> ReadReputations(const std::string& file, std::string_view faction,
                                          const std::vector<std::string>& rows) {
-    const auto document = Load(file);
+    const auto document = txtReadWrite::ReadIniDocument(file);
     std::vector<std::string> values;
     values.reserve(rows.size());
     for (const std::string& row : rows)

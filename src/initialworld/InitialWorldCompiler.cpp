@@ -73,13 +73,7 @@ std::string CompiledText(const IniDocument& data, const std::vector<std::string>
 
 void CompileInitialWorld(std::string_view projectFolder, const std::vector<std::string>& factions,
                          const std::vector<std::string>& rows, const CompileProgress& progress) {
-    std::shared_ptr<const IniDocument> data;
-    try {
-        data = txtReadWrite::LoadIni(DataFile(projectFolder));
-    } catch (const std::exception&) {
-        // Unreadable reads like missing: every value takes its default.
-        data = std::make_shared<const IniDocument>();
-    }
+    const auto data = txtReadWrite::ReadIniDocument(DataFile(projectFolder));
     txtReadWrite::WriteFileText(CompiledFile(projectFolder),
                                 CompiledText(*data, factions, rows, progress));
 }

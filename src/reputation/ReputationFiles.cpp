@@ -23,14 +23,9 @@ std::string CompiledFile(std::string_view projectFolder) {
 
 std::array<std::string, 4> ReadEvents(const std::string& eventFile, std::string_view faction) {
     std::array<std::string, 4> values;
-    try {
-        const auto document = txtReadWrite::LoadIni(eventFile);
-        for (std::size_t i = 0; i < EventKeys.size(); ++i)
-            values[i] = document->Read(faction, EventKeys[i], DefaultValue);
-    } catch (const std::exception&) {
-        // An unreadable file reads like a missing one.
-        values.fill(std::string(DefaultValue));
-    }
+    const auto document = txtReadWrite::ReadIniDocument(eventFile);
+    for (std::size_t i = 0; i < EventKeys.size(); ++i)
+        values[i] = document->Read(faction, EventKeys[i], DefaultValue);
     return values;
 }
 
@@ -43,13 +38,9 @@ std::vector<std::string> ReadRates(const std::string& empathyFile,
                                    const std::vector<std::string>& towards) {
     std::vector<std::string> rates;
     rates.reserve(towards.size());
-    try {
-        const auto stored = txtReadWrite::LoadIni(empathyFile);
-        for (const std::string& toward : towards)
-            rates.push_back(stored->Read(toward, RateKey, DefaultValue));
-    } catch (const std::exception&) {
-        rates.assign(towards.size(), std::string(DefaultValue));
-    }
+    const auto stored = txtReadWrite::ReadIniDocument(empathyFile);
+    for (const std::string& toward : towards)
+        rates.push_back(stored->Read(toward, RateKey, DefaultValue));
     return rates;
 }
 
