@@ -621,12 +621,15 @@ void frmMain::Slider1_Change() {
     txtZeit->setText(QString::number(Slider1->value()));
 }
 
-void frmMain::Timer3_Timer() {
+int frmMain::SlideStep() const {
     // A step that is not a number moves nothing; the timer keeps running.
     bool number = false;
-    int step = txtZeit->text().trimmed().toInt(&number);
-    if (!number)
-        step = 0;
+    const int step = txtZeit->text().trimmed().toInt(&number);
+    return number ? step : 0;
+}
+
+void frmMain::Timer3_Timer() {
+    const int step = SlideStep();
     Frame2->show();
     Frame1->show();
     twips::SetWidth(Frame1, twips::Width(Frame1) - step);
@@ -639,10 +642,7 @@ void frmMain::Timer3_Timer() {
 }
 
 void frmMain::Timer4_Timer() {
-    bool number = false;
-    int step = txtZeit->text().trimmed().toInt(&number);
-    if (!number)
-        step = 0;
+    const int step = SlideStep();
     Frame2->show();
     Frame1->show();
     twips::SetWidth(Frame1, twips::Width(Frame1) + step);

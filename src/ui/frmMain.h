@@ -77,6 +77,8 @@ private:
     void RefreshProjectList();
     void ShowNoProject();
     // Runs a change of the registry; a failure is shown, and false returned.
+    // The slide step in twips from txtZeit.
+    int SlideStep() const;
     bool ChangeRegistry(const std::function<void()>& change, const QString& failure);
     QString SelectedProject() const;
     void CreateProjectError(int number, const QString& description);
