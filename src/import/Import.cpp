@@ -1,6 +1,10 @@
 #include "import/Import.h"
 
 #include "core/names.h"
+#include "factionprops/ListFiles.h"
+#include "factionprops/PropertySheet.h"
+#include "initialworld/InitialWorld.h"
+#include "reputation/ReputationFiles.h"
 
 #include <algorithm>
 #include <utility>
@@ -12,28 +16,18 @@ std::string InFolder(const std::string& folder, std::string_view name) {
     return folder + "\\" + std::string(name);
 }
 
-// The event names that carry meaning and their keys in the event file.
-constexpr std::pair<std::string_view, std::string_view> EventKeys[] = {
-    {"object_destruction", "o_d"},
-    {"random_mission_success", "r_m_s"},
-    {"random_mission_failure", "r_m_f"},
-    {"random_mission_abortion", "r_m_a"},
-};
+// The event names that carry meaning, in the order of their keys in the event file.
+constexpr std::array<std::string_view, 4> EventNames = {
+    "object_destruction", "random_mission_success", "random_mission_failure",
+    "random_mission_abortion"};
 
 // The library keys' names in the project's property file, by FactionPropKeys.
+namespace key = factionprops::key;
 constexpr std::array<std::string_view, 14> ProjectPropKeys = {
-    "Legality",         "plurality", "msg_id_prefix", "mc_costume",      "firstname_male",
-    "firstname_female", "lastname",  "rank_desig",    "formation_desig", "large_ship_desig",
-    "large_ship_names", "jump",      "scan_chance",   "scan_announce"};
-
-std::string ListText(const std::vector<std::string>& lines) {
-    std::string text;
-    for (const std::string& line : lines) {
-        text += line;
-        text += "\r\n";
-    }
-    return text;
-}
+    key::Legality,       key::Plurality,       key::MsgIdPrefix,    key::McCostume,
+    key::FirstnameMale,  key::FirstnameFemale, key::Lastname,       key::RankDesig,
+    key::FormationDesig, key::LargeShipDesig,  key::LargeShipNames, key::Jump,
+    key::ScanChance,     key::ScanAnnounce};
 
 void CheckName(std::string_view nickname, const std::string& path) {
     if (const auto reason = names::Refusal(nickname))
@@ -61,34 +55,33 @@ void WriteOriginalFaction(txtReadWrite::Transaction& transaction, const Original
 
     transaction.WriteIni(n, "grp", faction.reputation.group, path("\\misc\\factions.ini"));
 
-    const std::string eventFile = path("\\emphaty\\new\\grp.ini");
+    const std::string eventFile = reputation::EventFile(projectFolder);
     for (const EventEntry& event : faction.reputation.events)
-        for (const auto& [name, key] : EventKeys)
-            if (event.name == name)
-                transaction.WriteIni(n, key, event.value, eventFile);
+        for (std::size_t e = 0; e < EventNames.size(); ++e)
+            if (event.name == EventNames[e])
+                transaction.WriteIni(n, reputation::EventKeys[e], event.value, eventFile);
 
     std::string empathy;
     for (const EmpathyEntry& entry : faction.reputation.empathy)
         empathy += "[" + entry.nickname + "]\r\nrep=" + entry.value + "\r\n";
-    transaction.WriteFileText(path("\\emphaty\\new\\reps_" + n + ".facts"), empathy);
+    transaction.WriteFileText(reputation::EmpathyFile(projectFolder, n), empathy);
 
     const std::string propFile = path("\\faction_prop\\grp.ini");
     for (std::size_t i = 0; i < ProjectPropKeys.size(); ++i)
         transaction.WriteIni(n, ProjectPropKeys[i], faction.props.values[i], propFile);
 
+    using factionprops::PickList;
     const OriginalFactionProps& props = faction.props;
-    transaction.WriteFileText(path("\\faction_prop\\Shiplist_" + n + ".lst"),
-                              ListText(props.ships));
-    transaction.WriteFileText(path("\\faction_prop\\Voicelist_" + n + ".lst"),
-                              ListText(props.voices));
-    transaction.WriteFileText(path("\\faction_prop\\Bodylist_" + n + ".lst"),
-                              ListText(props.bodyParts));
-    transaction.WriteFileText(path("\\faction_prop\\Scanlist_" + n + ".lst"),
-                              ListText(props.scans));
-    transaction.WriteFileText(path("\\faction_prop\\Formationlist_" + n + ".lst"),
-                              ListText(props.formations));
+    for (const auto& [list, entries] : {std::pair{PickList::Ships, &props.ships},
+                                        {PickList::Voices, &props.voices},
+                                        {PickList::Bodyparts, &props.bodyParts},
+                                        {PickList::Scan, &props.scans},
+                                        {PickList::Formations, &props.formations}})
+        transaction.WriteFileText(
+            path("\\faction_prop\\" + std::string(factionprops::ListPrefix(list)) + n + ".lst"),
+            factionprops::ListFileText(*entries));
 
-    const std::string worldFile = path("\\initialworld\\grp.ini");
+    const std::string worldFile = initialworld::DataFile(projectFolder);
     transaction.WriteIni(n, "ids_name", faction.world.idsName, worldFile);
     transaction.WriteIni(n, "ids_info", faction.world.idsInfo, worldFile);
     transaction.WriteIni(n, "ids_short_name", faction.world.idsShortName, worldFile);
