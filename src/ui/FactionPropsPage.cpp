@@ -6,6 +6,7 @@
 #include "factionprops/FactionPropCompiler.h"
 #include "factionprops/PropertySheet.h"
 #include "ui/Dialogs.h"
+#include "ui/Named.h"
 #include "ui/Session.h"
 #include "ui/Text.h"
 #include "ui/VantelButton.h"
@@ -30,11 +31,6 @@
 namespace fp = factionprops;
 
 namespace {
-
-template <typename T> T* Named(T* widget, const char* name) {
-    widget->setObjectName(QString::fromLatin1(name));
-    return widget;
-}
 
 QComboBox* EditableCombo(QWidget* parent, const char* name) {
     auto* combo = Named(new QComboBox(parent), name);

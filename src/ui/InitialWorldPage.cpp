@@ -5,6 +5,7 @@
 #include "initialworld/InitialWorld.h"
 #include "initialworld/InitialWorldCompiler.h"
 #include "ui/Dialogs.h"
+#include "ui/Named.h"
 #include "ui/Session.h"
 #include "ui/Text.h"
 #include "ui/VantelButton.h"
@@ -24,11 +25,6 @@
 namespace {
 
 constexpr int RepColumn = 2;
-
-template <typename T> T* Named(T* widget, const char* name) {
-    widget->setObjectName(QString::fromLatin1(name));
-    return widget;
-}
 
 QLabel* Label(const char* name, const QString& caption, QWidget* parent) {
     return Named(new QLabel(caption, parent), name);

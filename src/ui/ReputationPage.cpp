@@ -4,6 +4,7 @@
 #include "reputation/EmphatyCompiler.h"
 #include "reputation/ReputationFiles.h"
 #include "ui/Dialogs.h"
+#include "ui/Named.h"
 #include "ui/Session.h"
 #include "ui/Text.h"
 #include "ui/VantelButton.h"
@@ -25,11 +26,6 @@ namespace {
 constexpr int NicknameRole = Qt::UserRole;
 constexpr int ColumnFaction = 0;
 constexpr int ColumnRep = 2;
-
-template <typename T> T* Named(T* widget, const char* name) {
-    widget->setObjectName(QString::fromLatin1(name));
-    return widget;
-}
 
 QByteArray Bytes(const std::string& text) {
     return QByteArray(text.data(), static_cast<qsizetype>(text.size()));
