@@ -117,16 +117,18 @@ std::string RegistryPath(std::string_view appDir, std::string_view project) {
 }
 
 std::vector<RegistryEntry> LoadRegistry(const std::string& registryPath) {
-    if (!platform::IsFile(registryPath))
+    // One read serves both the section lines and the values.
+    const auto bytes = platform::ReadBytes(registryPath);
+    if (!bytes)
         throw platform::FileError(registryPath, "the faction registry does not exist");
-    const auto document = txtReadWrite::LoadIni(registryPath);
+    const IniDocument document(*bytes);
     std::vector<RegistryEntry> entries;
-    for (const std::string& line : txtReadWrite::ReadLines(registryPath)) {
+    for (const std::string_view line : txtReadWrite::SplitLines(*bytes)) {
         if (!IsRegistrySectionLine(line))
             continue;
         std::string nickname = WithoutBrackets(line);
-        std::string group = document->Read(nickname, "grp", "[ERROR]");
-        std::string rep = document->Read(nickname, "Rep", "0.0");
+        std::string group = document.Read(nickname, "grp", "[ERROR]");
+        std::string rep = document.Read(nickname, "Rep", "0.0");
         entries.push_back({std::move(nickname), std::move(group), std::move(rep)});
     }
     return entries;
@@ -134,7 +136,8 @@ std::vector<RegistryEntry> LoadRegistry(const std::string& registryPath) {
 
 std::vector<std::string> RegistryNicknames(const std::string& registryPath) {
     std::vector<std::string> out;
-    for (const std::string& line : txtReadWrite::ReadLines(registryPath))
+    const std::string bytes = txtReadWrite::ReadFileText(registryPath);
+    for (const std::string_view line : txtReadWrite::SplitLines(bytes))
         if (IsRegistrySectionLine(line))
             out.push_back(WithoutBrackets(line));
     return out;
