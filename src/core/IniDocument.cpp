@@ -309,18 +309,6 @@ bool IniDocument::Write(std::string_view section, std::string_view key, std::str
     return true;
 }
 
-bool IniDocument::HasSection(std::string_view section) const {
-    return FindSection(section) != nullptr;
-}
-
-std::vector<std::string> IniDocument::SectionNames() const {
-    std::vector<std::string> out;
-    out.reserve(sections_.size());
-    for (std::size_t i = 0; i < sections_.size(); ++i)
-        out.emplace_back(SectionName(i));
-    return out;
-}
-
 std::string IniDocument::Bytes() const {
     std::size_t size = 0;
     for (const Line& line : lines_)

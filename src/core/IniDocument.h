@@ -23,9 +23,6 @@ public:
     // Stores a value (CR LF escaped here). False when the stored value was equal already.
     bool Write(std::string_view section, std::string_view key, std::string_view value);
 
-    bool HasSection(std::string_view section) const;
-    // Section names in file order, as spelled in the file.
-    std::vector<std::string> SectionNames() const;
     // The whole file as it would be written.
     std::string Bytes() const;
     bool Empty() const { return lines_.empty(); }
