@@ -123,9 +123,7 @@ std::vector<std::string> ListFolder(std::string_view path, EntryKind kind,
         if (auto decoded = NameFromDisk(name)) {
             out.push_back(std::move(*decoded));
         } else if (leftOut) {
-            leftOut->push_back("\"" + ForMessage(name) + "\" in " + ForMessage(host) +
-                               " is left out: the name is not UTF-8 or holds a character "
-                               "outside Windows-1252");
+            leftOut->emplace_back(name);
         }
     }
     ::closedir(dir);

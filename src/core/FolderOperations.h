@@ -19,8 +19,8 @@ void DeleteFolderTree(std::string_view path) noexcept;
 
 enum class EntryKind { Files, Folders };
 // Names of the direct entries of a folder (unsorted), as Windows-1252; empty when it cannot
-// be read. A name that is not UTF-8 or holds a character outside Windows-1252 is left out,
-// and, when leftOut is given, a message about it is added there.
+// be read. A name that is not UTF-8 or holds a character outside Windows-1252 is left out;
+// when leftOut is given, it receives such names as they are on disk.
 std::vector<std::string> ListFolder(std::string_view path, EntryKind kind,
                                     std::vector<std::string>* leftOut = nullptr);
 

@@ -10,7 +10,7 @@ namespace importer {
 namespace {
 
 std::string Describe(const std::string& file, long line, const std::string& reason) {
-    std::string text = platform::ResolvePath(file);
+    std::string text = platform::ForMessage(platform::ResolvePath(file));
     if (line > 0)
         text += ", line " + std::to_string(line);
     return text + ": " + reason;
@@ -68,9 +68,10 @@ std::string InitialWorldFolder(std::string_view appDir) {
     return modFunctions::LibraryFolder(appDir, "initialworld");
 }
 
-std::vector<std::string> ListOriginalFactions(const std::string& folder) {
+std::vector<std::string> ListOriginalFactions(const std::string& folder,
+                                              std::vector<std::string>* leftOut) {
     std::vector<std::string> entries;
-    for (std::string& name : platform::ListFolder(folder, platform::EntryKind::Files))
+    for (std::string& name : platform::ListFolder(folder, platform::EntryKind::Files, leftOut))
         if (name.find('.') == std::string::npos)
             entries.push_back(std::move(name));
     names::SortIgnoringCase(entries);
