@@ -17,13 +17,15 @@ std::string Describe(const std::string& file, long line, const std::string& reas
 }
 
 std::string ReadLibraryFile(const std::string& path) {
-    if (!platform::IsFile(path))
-        throw LibraryError(path, 0, "the library file is missing");
+    std::optional<std::string> bytes;
     try {
-        return txtReadWrite::ReadFileText(path);
+        bytes = platform::ReadBytes(path);
     } catch (const platform::FileError& error) {
         throw LibraryError(path, 0, error.what());
     }
+    if (!bytes)
+        throw LibraryError(path, 0, "the library file is missing");
+    return std::move(*bytes);
 }
 
 // Drops a line's prefix; a line shorter than its prefix has no value to give.
@@ -138,8 +140,10 @@ OriginalInitialWorld ParseOriginalInitialWorld(std::string_view text, const std:
     world.idsName = document.Read("Group", "ids_name", "");
     world.idsInfo = document.Read("Group", "ids_info", "");
     world.idsShortName = document.Read("Group", "ids_short_name", "");
+    const auto lines = txtReadWrite::SplitLines(text);
+    world.reputations.reserve(lines.size()); // most lines are reputations
     long number = 0;
-    for (const std::string_view line : txtReadWrite::SplitLines(text)) {
+    for (const std::string_view line : lines) {
         ++number;
         if (!StartsWith(line, "rep"))
             continue;
