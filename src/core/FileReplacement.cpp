@@ -227,13 +227,17 @@ void StagedReplacement::Stage(std::string_view path, std::string_view bytes) {
 
 void StagedReplacement::StageResolved(const std::string& hostPath, std::string_view bytes,
                                       Presence presence) {
+    Tidy(hostPath);
+    Temporary temporary = WriteTemporary(calls_, hostPath, bytes, presence);
+    staged_.push_back({hostPath, std::move(temporary.path), temporary.targetExisted});
+}
+
+void StagedReplacement::Tidy(const std::string& hostPath) {
     const std::string folder = FolderOf(hostPath);
     if (std::find(swept_.begin(), swept_.end(), folder) == swept_.end()) {
         RemoveLeftoverTemporaries(folder);
         swept_.push_back(folder);
     }
-    Temporary temporary = WriteTemporary(calls_, hostPath, bytes, presence);
-    staged_.push_back({hostPath, std::move(temporary.path), temporary.targetExisted});
 }
 
 void StagedReplacement::Place(Staged& item) {
@@ -252,13 +256,18 @@ void StagedReplacement::Place(Staged& item) {
             }
             if (!Unsupported(errno))
                 break;
-            // A file system without the exchange: keep the old content under a second name.
+            // A file system without the exchange: keep the old content under a second name,
+            // a link where there are links, else the old file itself moved aside.
             const std::string backup = BackupOf(item.temporary);
-            if (::link(to, backup.c_str()) != 0)
+            const bool linked = ::link(to, backup.c_str()) == 0;
+            if (!linked && calls_.Rename(to, backup.c_str(), 0) != 0)
                 break;
             if (calls_.Rename(from, to, 0) != 0) {
                 const int error = errno;
-                ::unlink(backup.c_str());
+                if (linked)
+                    ::unlink(backup.c_str());
+                else
+                    calls_.Rename(backup.c_str(), to, 0);
                 errno = error;
                 break;
             }

@@ -57,6 +57,9 @@ public:
     void StageResolved(const std::string& hostPath, std::string_view bytes,
                        Presence presence = Presence::Unknown);
     void Commit(); // throws FileError
+    // Rids the folder of a file of leftover temporaries (once per folder), as staging a file
+    // there does; for a batch that looked at a file and found nothing to change.
+    void Tidy(const std::string& hostPath);
 
 private:
     enum class Placed { No, AsNew, Exchanged, BackedUp };

@@ -249,8 +249,10 @@ void Transaction::Commit(platform::FileCalls& calls) {
     platform::StagedReplacement replacement(calls);
     for (const std::string& keyName : order_) {
         Pending& slot = pending_.at(keyName);
-        if (!slot.changed)
+        if (!slot.changed) {
+            replacement.Tidy(slot.file); // a re-run after a crash leaves no leftover
             continue;
+        }
         try {
             replacement.StageResolved(slot.file, slot.isIni ? slot.ini->Bytes() : slot.text,
                                       slot.listed ? platform::Presence::Present

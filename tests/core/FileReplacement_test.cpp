@@ -12,15 +12,21 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A disk whose Nth write, rename or sync fails, as a full disk or a failing device would.
+// A disk whose Nth write, rename or sync fails, as a full disk or a failing device would;
+// optionally one whose file system cannot exchange two names in one rename.
 class FailingCalls : public platform::FileCalls {
 public:
     enum class Call { Write, Rename, Sync };
-    FailingCalls(Call call, int failAt) : call_(call), failAt_(failAt) {}
+    FailingCalls(Call call, int failAt, bool canExchange = true)
+        : call_(call), failAt_(failAt), canExchange_(canExchange) {}
     ssize_t Write(int fd, const char* data, std::size_t size) override {
         return Fails(Call::Write) ? -1 : FileCalls::Write(fd, data, size);
     }
     int Rename(const char* from, const char* to, unsigned flags) override {
+        if (flags != 0 && !canExchange_) {
+            errno = EINVAL;
+            return -1;
+        }
         return Fails(Call::Rename) ? -1 : FileCalls::Rename(from, to, flags);
     }
     int Sync(int fd) override { return Fails(Call::Sync) ? -1 : FileCalls::Sync(fd); }
@@ -34,6 +40,7 @@ private:
     }
     Call call_;
     int failAt_;
+    bool canExchange_;
     int count_ = 0;
 };
 
@@ -59,15 +66,17 @@ TEST(FileReplacement, ACommitFailingAtAnyCallLeavesEveryFileAsItWas) {
         transaction.Commit(calls);
     };
     using Call = FailingCalls::Call;
-    for (const auto& [call, count] :
-         {std::pair{Call::Rename, 5}, {Call::Write, 5}, {Call::Sync, 1}})
-        for (int n = 1; n <= count; ++n) {
-            FailingCalls calls(call, n);
-            EXPECT_ANY_THROW(commit(calls)) << static_cast<int>(call) << " " << n;
-            EXPECT_EQ(Snapshot(temp.path()), before) << static_cast<int>(call) << " " << n;
-        }
+    for (const bool canExchange : {true, false})
+        for (const auto& [call, count] :
+             {std::pair{Call::Rename, 5}, {Call::Write, 5}, {Call::Sync, 1}})
+            for (int n = 1; n <= count; ++n) {
+                FailingCalls calls(call, n, canExchange);
+                EXPECT_ANY_THROW(commit(calls)) << static_cast<int>(call) << " " << n;
+                EXPECT_EQ(Snapshot(temp.path()), before)
+                    << static_cast<int>(call) << " " << n << " " << canExchange;
+            }
 
-    FailingCalls never(Call::Rename, 0);
+    FailingCalls never(Call::Rename, 0, false);
     commit(never);
     EXPECT_EQ(Snapshot(temp.path()),
               (std::map<std::string, std::string>{{"a.ini", "old a.ini\r\n[s]\r\nk=new\r\n"},

@@ -153,6 +153,9 @@ TEST_F(Import, ACompleteRerunLeavesNoTemporaryFileOfAKilledImport) {
         for (const char* name : {".orrindel-99999999-1-0", ".orrindel-99999999-2"})
             TempFolder::Write(app() + "/projects/P/" + folder + "/" + name, "partial");
     ImportAllOriginalFactions(app(), project());
+    // Killed again, after the registry was complete: the re-run finds nothing to change there.
+    TempFolder::Write(app() + "/projects/P/misc/.orrindel-99999999-3-0", "partial");
+    ImportAllOriginalFactions(app(), project());
     for (const auto& [path, bytes] : Snapshot())
         EXPECT_EQ(path.find(".orrindel-"), std::string::npos) << path;
 }
