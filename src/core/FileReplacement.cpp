@@ -243,6 +243,13 @@ void StagedReplacement::Tidy(const std::string& hostPath) {
 void StagedReplacement::Place(Staged& item) {
     const char* from = item.temporary.c_str();
     const char* to = item.target.c_str();
+    if (staged_.size() == 1) {
+        // A file replaced alone needs no way back: a plain rename puts it in place.
+        if (calls_.Rename(from, to, 0) != 0)
+            throw FileError(item.target, SystemReason(errno));
+        item.placed = Placed::AsNew;
+        return;
+    }
     for (int attempt = 0; attempt < 2; ++attempt) {
         if (item.existed) {
             // The exchange keeps the old content under the temporary name until the end.
