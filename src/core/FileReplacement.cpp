@@ -54,15 +54,26 @@ struct Temporary {
     bool targetExisted = false;
 };
 
-// Writes the bytes into a new temporary file beside the target.
+// Whether a file may be replaced. A file without write permission is read-only for everyone,
+// the superuser included; for its owner its owner's bit decides, so only others need to ask.
+bool Writable(const std::string& target, const struct stat& existing) {
+    static const uid_t user = ::geteuid();
+    if ((existing.st_mode & 0222) == 0)
+        return false;
+    if (existing.st_uid == user)
+        return user == 0 || (existing.st_mode & S_IWUSR) != 0;
+    return ::access(target.c_str(), W_OK) == 0;
+}
+
+// Writes the bytes into a new temporary file beside the target. newFileMode: the mode that a
+// new file gets here, learnt from the first temporary file that needs it.
 Temporary WriteTemporary(FileCalls& calls, const std::string& target, std::string_view bytes,
-                         Presence presence) {
+                         Presence presence, std::optional<mode_t>& newFileMode) {
     struct stat existing {};
     const bool exists = presence != Presence::Missing && ::stat(target.c_str(), &existing) == 0;
     if (exists && !S_ISREG(existing.st_mode))
         throw FileError(target, "not an ordinary file");
-    // A file without write permission is read-only for everyone, the superuser included.
-    if (exists && ((existing.st_mode & 0222) == 0 || ::access(target.c_str(), W_OK) != 0))
+    if (exists && !Writable(target, existing))
         throw FileError(target, "the file is read-only");
     // A fresh name beside the target, created with the usual permissions (the umask applies);
     // an existing file's own permissions are carried over.
@@ -79,7 +90,12 @@ Temporary WriteTemporary(FileCalls& calls, const std::string& target, std::strin
                             errno == ENOENT ? "the folder does not exist" : SystemReason(errno));
     }
     try {
-        if (exists)
+        if (exists && !newFileMode) {
+            struct stat created {};
+            if (::fstat(file.fd, &created) == 0)
+                newFileMode = created.st_mode & 07777;
+        }
+        if (exists && newFileMode != (existing.st_mode & 07777))
             ::fchmod(file.fd, existing.st_mode & 07777);
         // No sync per file: the rename alone guarantees that a crashed program leaves the old
         // or the new file, and syncing every keystroke's write would make editing sluggish.
@@ -228,7 +244,7 @@ void StagedReplacement::Stage(std::string_view path, std::string_view bytes) {
 void StagedReplacement::StageResolved(const std::string& hostPath, std::string_view bytes,
                                       Presence presence) {
     Tidy(hostPath);
-    Temporary temporary = WriteTemporary(calls_, hostPath, bytes, presence);
+    Temporary temporary = WriteTemporary(calls_, hostPath, bytes, presence, newFileMode_);
     staged_.push_back({hostPath, std::move(temporary.path), temporary.targetExisted});
 }
 

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <sys/stat.h>
 #include <sys/types.h>
 #include <vector>
 
@@ -73,7 +74,8 @@ private:
     void Restore(Staged& item) noexcept;
     FileCalls& calls_;
     std::vector<Staged> staged_;
-    std::vector<std::string> swept_; // folders already rid of leftovers
+    std::vector<std::string> swept_;    // folders already rid of leftovers
+    std::optional<mode_t> newFileMode_; // the mode a new file gets, once known
 };
 
 } // namespace platform

@@ -57,6 +57,8 @@ TEST(FileReplacement, ACommitFailingAtAnyCallLeavesEveryFileAsItWas) {
     TempFolder temp;
     for (const char* name : {"a.ini", "c.lst", "e.lst"})
         TempFolder::Write(temp / name, std::string("old ") + name);
+    fs::permissions(temp / "c.lst", fs::perms(0640));
+    const auto aMode = fs::status(temp / "a.ini").permissions();
     const auto before = Snapshot(temp.path());
     const auto commit = [&](platform::FileCalls& calls) {
         txtReadWrite::Transaction transaction;
@@ -84,6 +86,9 @@ TEST(FileReplacement, ACommitFailingAtAnyCallLeavesEveryFileAsItWas) {
                                                   {"c.lst", "c.lst\r\n"},
                                                   {"d.lst", "d.lst\r\n"},
                                                   {"e.lst", "e.lst\r\n"}}));
+    // A replaced file keeps its permissions.
+    EXPECT_EQ(fs::status(temp / "c.lst").permissions(), fs::perms(0640));
+    EXPECT_EQ(fs::status(temp / "a.ini").permissions(), aMode);
 }
 
 // Temporary files of ended programs go with the next write in their folder; a running
