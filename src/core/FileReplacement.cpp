@@ -192,10 +192,6 @@ void AppendBytes(std::string_view path, std::string_view bytes) {
     WriteAll(SystemFileCalls(), file.fd, bytes, host);
 }
 
-bool IsTemporaryName(std::string_view name) {
-    return name.starts_with(TemporaryPrefix);
-}
-
 void RemoveLeftoverTemporaries(const std::string& hostFolder) {
     DIR* dir = ::opendir(hostFolder.c_str());
     if (!dir)
@@ -205,7 +201,7 @@ void RemoveLeftoverTemporaries(const std::string& hostFolder) {
     std::unordered_map<std::string, bool> ended; // process id -> gone
     while (const dirent* entry = ::readdir(dir)) {
         std::string_view name = entry->d_name;
-        if (!IsTemporaryName(name))
+        if (!name.starts_with(TemporaryPrefix))
             continue;
         name.remove_prefix(TemporaryPrefix.size());
         const auto dash = name.find('-');

@@ -37,8 +37,6 @@ void AppendBytes(std::string_view path, std::string_view bytes);
 // Removes the temporary files of our naming in a folder (a host path) whose program has
 // ended without removing them (a crash, a kill). Those of running programs stay.
 void RemoveLeftoverTemporaries(const std::string& hostFolder);
-// True for a file name of our temporary naming.
-bool IsTemporaryName(std::string_view name);
 
 // What the caller knows about a target from a listing: it saves a look at each new file.
 enum class Presence { Unknown, Missing, Present };
