@@ -208,8 +208,8 @@ void RemoveLeftoverTemporaries(const std::string& hostFolder) {
         if (dash == 0 || dash == std::string_view::npos)
             continue;
         const std::string pid(name.substr(0, dash));
-        if (pid.find_first_not_of("0123456789") != std::string::npos)
-            continue;
+        if (pid.size() > 9 || pid.find_first_not_of("0123456789") != std::string::npos)
+            continue; // no process id of ours
         bool leftover;
         if (pid == ownPid) {
             // Ours only when it carries our tag; else an ended program had our id before.
