@@ -1,7 +1,13 @@
 // Import all of a 1000-entry library into an empty project: 54 empathy lines and 1000
-// starting reputations per entry, five entries in each of the five lists.
+// starting reputations per entry, five entries in each of the five lists. And the whole road
+// of a 600-faction project, import all and the three compiles, beside copying the finished
+// project with `cp -r` on the same storage: the file layer should cost little more than the
+// copying of the files it writes.
 #include "core/modFunctions.h"
+#include "factionprops/FactionPropCompiler.h"
 #include "import/Import.h"
+#include "initialworld/InitialWorldCompiler.h"
+#include "reputation/EmphatyCompiler.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdlib>
@@ -9,8 +15,6 @@
 #include <fstream>
 
 namespace {
-
-constexpr int Entries = 1000;
 
 std::string Nick(int i) {
     return "f" + std::to_string(1000 + i) + "_grp";
@@ -22,7 +26,7 @@ void Write(const std::filesystem::path& path, const std::string& text) {
 
 // A library laid out like <app dir>\data, built once for every run.
 struct Library {
-    Library() {
+    explicit Library(int entries) {
         // One run creates about 6000 files. On a disk, how fast the file system hands out
         // inodes depends on what was deleted there in the last seconds (other runs, other
         // tests) far more than on the import; a memory-backed folder, where there is one,
@@ -41,14 +45,14 @@ struct Library {
         };
         const auto rep = folder("emphaty"), props = folder("faction_prop"),
                    world = folder("initialworld");
-        for (int i = 0; i < Entries; ++i) {
+        for (int i = 0; i < entries; ++i) {
             std::string r = "[RepChangeEffects]\r\ngroup = " + Nick(i) +
                             "\r\nevent = object_destruction, -0.05\r\n"
                             "event = random_mission_success, 0.03\r\n"
                             "event = random_mission_failure, -0.02\r\n"
                             "event = random_mission_abortion, -0.01\r\n";
             for (int j = 0; j < 54; ++j)
-                r += "emphaty_rate = " + Nick((i + j + 1) % Entries) + ", 0.1\r\n";
+                r += "emphaty_rate = " + Nick((i + j + 1) % entries) + ", 0.1\r\n";
             Write(rep / Nick(i), r);
             std::string p = "[FactionProps]\r\naffiliation = " + Nick(i) +
                             "\r\nlegality = lawful\r\nnickname_plurality = singular\r\n"
@@ -62,7 +66,7 @@ struct Library {
             Write(props / Nick(i), p);
             std::string w = "[Group]\r\nnickname = " + Nick(i) +
                             "\r\nids_name = 1\r\nids_info = 2\r\nids_short_name = 3\r\n";
-            for (int j = 0; j < Entries; ++j)
+            for (int j = 0; j < entries; ++j)
                 w += "rep = 0.25, " + Nick(j) + "\r\n";
             Write(world / Nick(i), w);
         }
@@ -73,7 +77,7 @@ struct Library {
 };
 
 void BM_ImportAllIntoEmptyProject(benchmark::State& state) {
-    static Library library;
+    static Library library(1000);
     static int run = 0;
     for (auto _ : state) {
         state.PauseTiming();
@@ -88,6 +92,59 @@ void BM_ImportAllIntoEmptyProject(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_ImportAllIntoEmptyProject)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(1)
+    ->Repetitions(7)
+    ->ReportAggregatesOnly(true);
+
+// Import all of 600 factions and compile the three game files, as `orrindel-cli import-all`
+// and `orrindel-cli compile` do.
+Library& Library600() {
+    static Library library(600);
+    return library;
+}
+
+void BM_ImportAllAndCompile600(benchmark::State& state) {
+    Library& library = Library600();
+    static int run = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        const std::string name = "C" + std::to_string(run++);
+        modFunctions::CreateProjectFolders(library.app, name);
+        state.ResumeTiming();
+        const std::string folder = modFunctions::ProjectPath(library.app, name);
+        importer::ImportAllOriginalFactions(library.app, folder);
+        const auto factions =
+            modFunctions::RegistryNicknames(modFunctions::RegistryPath(library.app, name));
+        reputation::CompileEmphaty(folder, factions, factions);
+        factionprops::CompileFactionProp(folder, factions);
+        initialworld::CompileInitialWorld(folder, factions, factions);
+    }
+}
+BENCHMARK(BM_ImportAllAndCompile600)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(1)
+    ->Repetitions(7)
+    ->ReportAggregatesOnly(true);
+
+// The yardstick: `cp -r` of a finished 600-faction project (3600 files and the three game
+// files) to a new folder beside it.
+void BM_CopyProject600WithCpR(benchmark::State& state) {
+    Library& library = Library600();
+    const std::string source = library.app + "/projects/C0";
+    if (!std::filesystem::is_directory(source)) {
+        state.SkipWithError("run BM_ImportAllAndCompile600 first");
+        return;
+    }
+    static int run = 0;
+    for (auto _ : state) {
+        const std::string command =
+            "cp -r '" + source + "' '" + library.app + "/copy" + std::to_string(run++) + "'";
+        if (std::system(command.c_str()) != 0)
+            state.SkipWithError("cp -r failed");
+    }
+}
+BENCHMARK(BM_CopyProject600WithCpR)
     ->Unit(benchmark::kMillisecond)
     ->Iterations(1)
     ->Repetitions(7)

@@ -9,7 +9,7 @@
 namespace cli {
 
 struct Context {
-    std::string appDir; // application directory (Windows-1252 bytes, "/" path of the host)
+    std::string appDir; // application directory as the system spells it ("/" path of the host)
     std::ostream& out;
     std::ostream& err;
 };

@@ -6,6 +6,7 @@
 #include "core/txtReadWrite.h"
 #include "core/win1252.h"
 
+#include <algorithm>
 #include <ostream>
 
 namespace cli {
@@ -13,7 +14,9 @@ namespace {
 
 void PrintUsage(std::ostream& out) {
     out << "usage: orrindel-cli [--app-dir DIR] COMMAND ARGS\n"
-           "       orrindel-cli COMMAND --help\n\ncommands:\n";
+           "       orrindel-cli COMMAND --help\n"
+           "A \"--\" among the ARGS ends the options: what follows it is taken as it is.\n\n"
+           "commands:\n";
     for (const Command& command : Commands()) {
         std::string head = "  " + std::string(command.name) + " " + std::string(command.arguments);
         if (head.size() < 36)
@@ -71,7 +74,7 @@ std::optional<std::string> ExistingProject(Context& context, std::string_view ut
     std::string found = modFunctions::FindProject(context.appDir, *name);
     if (found.empty()) {
         Failure(context, "no project \"" + std::string(utf8Name) + "\" in " +
-                             win1252::ToUtf8(modFunctions::ProjectsFolder(context.appDir)));
+                             platform::HostPath(modFunctions::ProjectsFolder(context.appDir)));
         return std::nullopt;
     }
     return found;
@@ -108,30 +111,29 @@ int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& e
         return Usage;
     }
     Arguments rest(args.begin() + static_cast<std::ptrdiff_t>(i) + 1, args.end());
-    for (const std::string& arg : rest) {
-        if (arg == "--help") {
-            out << "usage: orrindel-cli " << command->name << " " << command->arguments << "\n  "
-                << command->summary << "\n";
-            return Ok;
-        }
+    // "--" ends the options: it is dropped, and every argument after it is taken as it is.
+    const auto end = std::find(rest.begin(), rest.end(), "--");
+    if (std::find(rest.begin(), end, "--help") != end) {
+        out << "usage: orrindel-cli " << command->name << " " << command->arguments << "\n  "
+            << command->summary << "\n";
+        return Ok;
     }
+    if (end != rest.end())
+        rest.erase(end);
     if (appDir.empty()) {
         const auto choice = applicationFolder::Choose(platform::ExecutableFolder());
         appDir = choice.folder;
         if (!choice.problem.empty())
             err << "orrindel-cli: " << choice.problem << "\n";
     }
-    const auto appDirBytes = win1252::FromUtf8(appDir);
-    if (!appDirBytes) {
-        err << "orrindel-cli: the application folder holds a character outside Windows-1252\n";
-        return Failed;
-    }
-    txtReadWrite::SetApplicationDirectory(*appDirBytes);
-    Context context{*appDirBytes, out, err};
+    // The folder's path is used as the system gave it, never re-encoded.
+    txtReadWrite::SetApplicationDirectory(appDir);
+    Context context{appDir, out, err};
     try {
         modFunctions::EnsureProjectsFolder(context.appDir);
     } catch (const std::exception& error) {
-        return Failure(context, std::string("cannot create the projects folder: ") + error.what());
+        return Failure(context,
+                       "cannot create the projects folder: " + win1252::ToUtf8(error.what()));
     }
     try {
         return command->run(rest, context);

@@ -11,9 +11,8 @@ int RunCutLibrary(const Arguments& args, Context& context) {
     for (std::size_t i = 0; i < args.size(); i += 2) {
         if (i + 1 >= args.size())
             return UsageError(command, context, "\"" + args[i] + "\" needs a value");
-        const auto path = FileText(context, args[i + 1]);
-        if (!path)
-            return Failed;
+        // A path is used as the system spells it.
+        const std::optional<std::string> path = args[i + 1];
         if (args[i] == "--into")
             into = path;
         else if (args[i] == "--emphaty")

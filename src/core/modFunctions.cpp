@@ -48,7 +48,7 @@ std::string ProjectsFolder(std::string_view appDir) {
 }
 
 std::string ProjectPath(std::string_view appDir, std::string_view project, std::string_view piece) {
-    return ProjectsFolder(appDir) + "\\" + std::string(project) + std::string(piece);
+    return ProjectsFolder(appDir) + "\\" + platform::DiskName(project) + std::string(piece);
 }
 
 std::string LibraryFolder(std::string_view appDir, std::string_view subsystem) {
@@ -60,8 +60,15 @@ void EnsureProjectsFolder(std::string_view appDir) {
         platform::CreateFolder(ProjectsFolder(appDir));
 }
 
-std::vector<std::string> ListProjects(std::string_view appDir) {
-    auto projects = platform::ListFolder(ProjectsFolder(appDir), platform::EntryKind::Folders);
+std::vector<std::string> ListProjects(std::string_view appDir, std::vector<std::string>* leftOut) {
+    std::vector<std::string> undecodable;
+    auto projects =
+        platform::ListFolder(ProjectsFolder(appDir), platform::EntryKind::Folders, &undecodable);
+    if (leftOut)
+        for (const std::string& name : undecodable)
+            leftOut->push_back("The folder \"" + platform::ForMessage(name) + "\" in " +
+                               platform::ForMessage(platform::ResolvePath(ProjectsFolder(appDir))) +
+                               " is left out: " + std::string(NameNotFromDisk));
     names::SortIgnoringCase(projects);
     return projects;
 }
@@ -200,8 +207,9 @@ void DeleteFaction(std::string_view appDir, std::string_view project, std::strin
     // The registry first: when it cannot be rewritten, the faction keeps its files too.
     txtReadWrite::WriteFileText(registry, text);
     for (const auto& [prefix, suffix] : FactionFiles)
-        platform::DeleteFile(ProjectPath(
-            appDir, project, std::string(prefix) + std::string(nickname) + std::string(suffix)));
+        platform::DeleteFile(
+            ProjectPath(appDir, project,
+                        std::string(prefix) + platform::DiskName(nickname) + std::string(suffix)));
 }
 
 std::vector<std::string> LoadListFile(const std::string& path) {

@@ -8,9 +8,14 @@
 
 namespace modFunctions {
 
+// Why a name on disk is left out of a listing.
+inline constexpr std::string_view NameNotFromDisk =
+    "the name is not UTF-8 or holds a character outside Windows-1252";
+
 // <app dir>\projects
 std::string ProjectsFolder(std::string_view appDir);
-// <app dir>\projects\<project><piece>; piece is a literal starting with "\" (or empty).
+// <app dir>\projects\<project><piece>; piece is a literal starting with "\" (or empty), in
+// the disk's spelling. The project name (Windows-1252) is spelled in UTF-8, as on disk.
 std::string ProjectPath(std::string_view appDir, std::string_view project,
                         std::string_view piece = {});
 // <app dir>\data\<subsystem>\original_factions for "emphaty", "faction_prop", "initialworld".
@@ -20,7 +25,9 @@ std::string LibraryFolder(std::string_view appDir, std::string_view subsystem);
 void EnsureProjectsFolder(std::string_view appDir);
 
 // The names of the direct subfolders of the projects folder, sorted without regard to case.
-std::vector<std::string> ListProjects(std::string_view appDir);
+// A folder whose name cannot be a project name is left out; with leftOut, a message says so.
+std::vector<std::string> ListProjects(std::string_view appDir,
+                                      std::vector<std::string>* leftOut = nullptr);
 // The project named without regard to case, as spelled on disk; empty when there is none.
 std::string FindProject(std::string_view appDir, std::string_view name);
 // Creates the project folder and its eight subfolders in order. Throws platform::FileError

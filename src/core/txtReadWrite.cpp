@@ -5,7 +5,8 @@
 #include <unordered_map>
 
 IniWriteError::IniWriteError(std::string file, const std::string& reason)
-    : std::runtime_error("Error 5: could not write " + file + " (" + reason + ")"),
+    : std::runtime_error("Error 5: could not write " + platform::ForMessage(file) + " (" + reason +
+                         ")"),
       file_(std::move(file)) {}
 
 namespace txtReadWrite {
@@ -199,11 +200,12 @@ Transaction::Pending& Transaction::Slot(const std::string& file) {
     lastGiven_ = file;
     if (const auto known = keyOf_.find(file); known != keyOf_.end())
         return *(last_ = &pending_.at(known->second));
-    const std::string resolved = resolver_.Resolve(file);
-    const std::string keyName = names::Folded(resolved);
+    auto found = resolver_.Find(file);
+    const std::string keyName = platform::FoldedDiskName(found.path);
     auto [it, inserted] = pending_.try_emplace(keyName);
     if (inserted) {
-        it->second.file = resolved;
+        it->second.file = std::move(found.path);
+        it->second.listed = found.listed;
         order_.push_back(keyName);
     }
     keyOf_.emplace(file, keyName);
@@ -243,14 +245,18 @@ void Transaction::WriteFileText(const std::string& path, std::string_view text) 
     slot.changed = true;
 }
 
-void Transaction::Commit() {
-    platform::StagedReplacement replacement;
+void Transaction::Commit(platform::FileCalls& calls) {
+    platform::StagedReplacement replacement(calls);
     for (const std::string& keyName : order_) {
         Pending& slot = pending_.at(keyName);
-        if (!slot.changed)
+        if (!slot.changed) {
+            replacement.Tidy(slot.file); // a re-run after a crash leaves no leftover
             continue;
+        }
         try {
-            replacement.StageResolved(slot.file, slot.isIni ? slot.ini->Bytes() : slot.text);
+            replacement.StageResolved(slot.file, slot.isIni ? slot.ini->Bytes() : slot.text,
+                                      slot.listed ? platform::Presence::Present
+                                                  : platform::Presence::Missing);
         } catch (const platform::FileError& error) {
             if (slot.isIni)
                 throw IniWriteError(slot.file, error.what());
@@ -269,6 +275,7 @@ void Transaction::Commit() {
     keyOf_.clear();
     last_ = nullptr;
     order_.clear();
+    resolver_ = {}; // the folders changed
 }
 
 } // namespace txtReadWrite

@@ -64,8 +64,9 @@ public:
                   const std::string& file);
     void WriteFileText(const std::string& path, std::string_view text); // adds CR LF
     // Writes every changed file crash-safely; on failure no file changes. Throws IniWriteError
-    // for an INI file and platform::FileError for a text file.
-    void Commit();
+    // for an INI file and platform::FileError for a text file. The calls are the system's
+    // own, or a test's that fail on purpose.
+    void Commit(platform::FileCalls& calls = platform::SystemFileCalls());
 
 private:
     struct Pending {
@@ -74,6 +75,7 @@ private:
         std::string text;
         bool isIni = false;
         bool changed = false;
+        bool listed = false; // the file existed when it was first looked up
     };
     Pending& Slot(const std::string& file);
     std::map<std::string, Pending> pending_;             // keyed by the folded resolved path

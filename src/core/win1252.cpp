@@ -50,13 +50,18 @@ std::string ToUtf8(std::string_view bytes) {
     return out;
 }
 
-std::optional<std::string> FromUtf8(std::string_view utf8) {
+namespace {
+
+// Decodes UTF-8 into Windows-1252. A byte sequence that is not UTF-8, or a character that
+// Windows-1252 lacks, ends the decoding (nullopt) or, when lossy, becomes "?".
+std::optional<std::string> Decode(std::string_view utf8, bool lossy) {
     std::string out;
     out.reserve(utf8.size());
     for (std::size_t i = 0; i < utf8.size();) {
         const auto lead = static_cast<unsigned char>(utf8[i]);
         int extra = 0;
         char32_t cp = 0;
+        bool valid = true;
         if (lead < 0x80) {
             cp = lead;
         } else if ((lead & 0xE0) == 0xC0) {
@@ -69,26 +74,41 @@ std::optional<std::string> FromUtf8(std::string_view utf8) {
             extra = 3;
             cp = lead & 0x07;
         } else {
-            return std::nullopt;
+            valid = false;
         }
-        if (i + static_cast<std::size_t>(extra) >= utf8.size() && extra > 0)
-            return std::nullopt;
-        for (int k = 1; k <= extra; ++k) {
-            const auto next = static_cast<unsigned char>(utf8[i + k]);
+        if (valid && extra > 0 && i + static_cast<std::size_t>(extra) >= utf8.size())
+            valid = false;
+        for (int k = 1; valid && k <= extra; ++k) {
+            const auto next = static_cast<unsigned char>(utf8[i + static_cast<std::size_t>(k)]);
             if ((next & 0xC0) != 0x80)
-                return std::nullopt;
+                valid = false;
             cp = (cp << 6) | (next & 0x3F);
         }
         constexpr char32_t Smallest[] = {0, 0x80, 0x800, 0x10000};
-        if (cp < Smallest[extra]) // overlong forms are not valid UTF-8
-            return std::nullopt;
-        const auto byte = ByteFor(cp);
-        if (!byte)
-            return std::nullopt;
+        if (valid && cp < Smallest[extra]) // overlong forms are not valid UTF-8
+            valid = false;
+        const auto byte = valid ? ByteFor(cp) : std::nullopt;
+        if (!byte) {
+            if (!lossy)
+                return std::nullopt;
+            out += '?';
+            i += valid ? 1 + static_cast<std::size_t>(extra) : 1;
+            continue;
+        }
         out += static_cast<char>(*byte);
-        i += 1 + extra;
+        i += 1 + static_cast<std::size_t>(extra);
     }
     return out;
+}
+
+} // namespace
+
+std::optional<std::string> FromUtf8(std::string_view utf8) {
+    return Decode(utf8, false);
+}
+
+std::string FromUtf8Lossy(std::string_view utf8) {
+    return *Decode(utf8, true);
 }
 
 } // namespace win1252

@@ -49,7 +49,7 @@ public:
             return;
         std::vector<std::string> lines;
         try {
-            lines = txtReadWrite::ReadLines(folder_ + "\\" + found->second);
+            lines = txtReadWrite::ReadLines(folder_ + "\\" + platform::DiskName(found->second));
         } catch (const std::exception&) {
             return; // an unreadable list adds nothing; the block goes on
         }

@@ -1,6 +1,7 @@
 #include "factionprops/ListFiles.h"
 
 #include "core/modFunctions.h"
+#include "core/platform.h"
 #include "core/txtReadWrite.h"
 
 namespace factionprops {
@@ -25,7 +26,7 @@ std::string ListFilePath(std::string_view appDir, std::string_view project, Pick
                          std::string_view nickname) {
     std::string piece = "\\faction_prop\\";
     piece += ListPrefix(list);
-    piece += nickname;
+    piece += platform::DiskName(nickname);
     piece += ".lst";
     return modFunctions::ProjectPath(appDir, project, piece);
 }

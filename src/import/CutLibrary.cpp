@@ -68,14 +68,14 @@ CutResult CutLibrary(const std::string& libraryRoot, const CutSources& sources) 
             continue;
         const std::string& source = *kind.source;
         if (!platform::IsFile(source))
-            throw CutError(source + ": the file does not exist");
+            throw CutError(platform::ForMessage(source) + ": the file does not exist");
         const std::string folder =
             libraryRoot + "\\" + std::string(kind.subsystem) + "\\original_factions";
         std::set<std::string> seen;
         for (const CutBlock& block :
              CutBlocks(txtReadWrite::ReadFileText(source), kind.header, kind.key)) {
-            const std::string where =
-                source + ", block " + std::to_string((result.*kind.names).size() + 1);
+            const std::string where = platform::ForMessage(source) + ", block " +
+                                      std::to_string((result.*kind.names).size() + 1);
             if (const auto reason = names::Refusal(block.name))
                 throw CutError(where + ": the " + std::string(kind.key) + " \"" + block.name +
                                "\" is refused: " + *reason);
@@ -85,7 +85,7 @@ CutResult CutLibrary(const std::string& libraryRoot, const CutSources& sources) 
                                "\" is refused: a library entry's name has no dot");
             if (!seen.insert(names::Folded(block.name)).second)
                 throw CutError(where + ": \"" + block.name + "\" has a block already");
-            files.emplace_back(folder + "\\" + block.name, Joined(block.lines));
+            files.emplace_back(folder + "\\" + platform::DiskName(block.name), Joined(block.lines));
             (result.*kind.names).push_back(block.name);
         }
     }

@@ -1,5 +1,6 @@
 #include "import/Import.h"
 
+#include "core/modFunctions.h"
 #include "core/names.h"
 #include "factionprops/ListFiles.h"
 #include "factionprops/PropertySheet.h"
@@ -13,7 +14,7 @@ namespace importer {
 namespace {
 
 std::string InFolder(const std::string& folder, std::string_view name) {
-    return folder + "\\" + std::string(name);
+    return folder + "\\" + platform::DiskName(name);
 }
 
 // The event names that carry meaning, in the order of their keys in the event file.
@@ -77,9 +78,10 @@ void WriteOriginalFaction(txtReadWrite::Transaction& transaction, const Original
                                         {PickList::Bodyparts, &props.bodyParts},
                                         {PickList::Scan, &props.scans},
                                         {PickList::Formations, &props.formations}})
-        transaction.WriteFileText(
-            path("\\faction_prop\\" + std::string(factionprops::ListPrefix(list)) + n + ".lst"),
-            factionprops::ListFileText(*entries));
+        transaction.WriteFileText(path("\\faction_prop\\" +
+                                       std::string(factionprops::ListPrefix(list)) +
+                                       platform::DiskName(n) + ".lst"),
+                                  factionprops::ListFileText(*entries));
 
     const std::string worldFile = initialworld::DataFile(projectFolder);
     transaction.WriteIni(n, "ids_name", faction.world.idsName, worldFile);
@@ -103,7 +105,9 @@ void ImportOriginalFaction(std::string_view appDir, std::string_view nickname,
 
 ImportAllResult ImportAllOriginalFactions(std::string_view appDir, const std::string& projectFolder,
                                           const ImportProgress& progress) {
-    const std::vector<std::string> entries = ListOriginalFactions(ReputationFolder(appDir));
+    std::vector<std::string> undecodable;
+    const std::vector<std::string> entries =
+        ListOriginalFactions(ReputationFolder(appDir), &undecodable);
     // The other folders' own spellings of each name, found without regard to case.
     const auto spellings = [](const std::string& folder) {
         std::vector<std::string> list = ListOriginalFactions(folder);
@@ -148,6 +152,11 @@ ImportAllResult ImportAllOriginalFactions(std::string_view appDir, const std::st
                 result.refused.emplace_back(InFolder(ReputationFolder(appDir), name), 0,
                                             "the library file is missing");
             }
+
+    for (const std::string& name : undecodable)
+        result.refused.emplace_back(ReputationFolder(appDir) + "\\" + name, 0,
+                                    "the library name is refused: " +
+                                        std::string(modFunctions::NameNotFromDisk));
 
     progress.setMaximum(entries.empty() ? 0 : static_cast<int>(entries.size()) - 1);
     // One transaction for the whole run: each file is parsed once and written once.

@@ -10,20 +10,22 @@ namespace importer {
 namespace {
 
 std::string Describe(const std::string& file, long line, const std::string& reason) {
-    std::string text = platform::ResolvePath(file);
+    std::string text = platform::ForMessage(platform::ResolvePath(file));
     if (line > 0)
         text += ", line " + std::to_string(line);
     return text + ": " + reason;
 }
 
 std::string ReadLibraryFile(const std::string& path) {
-    if (!platform::IsFile(path))
-        throw LibraryError(path, 0, "the library file is missing");
+    std::optional<std::string> bytes;
     try {
-        return txtReadWrite::ReadFileText(path);
+        bytes = platform::ReadBytes(path);
     } catch (const platform::FileError& error) {
         throw LibraryError(path, 0, error.what());
     }
+    if (!bytes)
+        throw LibraryError(path, 0, "the library file is missing");
+    return std::move(*bytes);
 }
 
 // Drops a line's prefix; a line shorter than its prefix has no value to give.
@@ -68,9 +70,10 @@ std::string InitialWorldFolder(std::string_view appDir) {
     return modFunctions::LibraryFolder(appDir, "initialworld");
 }
 
-std::vector<std::string> ListOriginalFactions(const std::string& folder) {
+std::vector<std::string> ListOriginalFactions(const std::string& folder,
+                                              std::vector<std::string>* leftOut) {
     std::vector<std::string> entries;
-    for (std::string& name : platform::ListFolder(folder, platform::EntryKind::Files))
+    for (std::string& name : platform::ListFolder(folder, platform::EntryKind::Files, leftOut))
         if (name.find('.') == std::string::npos)
             entries.push_back(std::move(name));
     names::SortIgnoringCase(entries);
@@ -137,8 +140,10 @@ OriginalInitialWorld ParseOriginalInitialWorld(std::string_view text, const std:
     world.idsName = document.Read("Group", "ids_name", "");
     world.idsInfo = document.Read("Group", "ids_info", "");
     world.idsShortName = document.Read("Group", "ids_short_name", "");
+    const auto lines = txtReadWrite::SplitLines(text);
+    world.reputations.reserve(lines.size()); // most lines are reputations
     long number = 0;
-    for (const std::string_view line : txtReadWrite::SplitLines(text)) {
+    for (const std::string_view line : lines) {
         ++number;
         if (!StartsWith(line, "rep"))
             continue;

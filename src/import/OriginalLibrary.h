@@ -77,8 +77,10 @@ std::string FactionPropFolder(std::string_view appDir);
 std::string InitialWorldFolder(std::string_view appDir);
 
 // The entries of one library folder: ordinary files whose names hold no dot, sorted
-// without regard to case. Empty when the folder cannot be read.
-std::vector<std::string> ListOriginalFactions(const std::string& folder);
+// without regard to case. Empty when the folder cannot be read. A name that is no Windows-1252
+// text in UTF-8 is left out; leftOut, when given, receives such names as they are on disk.
+std::vector<std::string> ListOriginalFactions(const std::string& folder,
+                                              std::vector<std::string>* leftOut = nullptr);
 
 // The readers take the path of one library file. Each throws LibraryError when the file is
 // missing or a line that its rules recognise is malformed.

@@ -1,8 +1,11 @@
 #include "reputation/EmphatyCompiler.h"
 
+#include "core/names.h"
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
 #include "reputation/ReputationFiles.h"
+
+#include <unordered_map>
 
 namespace reputation {
 namespace {
@@ -15,6 +18,24 @@ constexpr std::array<std::string_view, 4> EventPrefixes = {
 void AppendLine(std::string& out, std::string_view a, std::string_view b = {},
                 std::string_view c = {}, std::string_view d = {}) {
     out.append(a).append(b).append(c).append(d).append(CrLf);
+}
+
+// Deletes the scratch file of each faction that an interrupted run left behind. One listing
+// of the folder finds them all, whatever their capitals.
+void DeleteLeftoverScratchFiles(const std::string& projectFolder,
+                                const std::vector<std::string>& factions) {
+    std::unordered_map<std::string, std::string> present;
+    for (std::string& name :
+         platform::ListFolder(DataFolder(projectFolder), platform::EntryKind::Files)) {
+        std::string folded = names::Folded(name);
+        if (folded.ends_with(".tmp"))
+            present.try_emplace(std::move(folded), std::move(name));
+    }
+    if (present.empty())
+        return;
+    for (const std::string& g : factions)
+        if (const auto it = present.find(names::Folded(g + ".tmp")); it != present.end())
+            platform::DeleteFile(DataFolder(projectFolder) + "\\" + platform::DiskName(it->second));
 }
 
 } // namespace
@@ -63,6 +84,7 @@ std::string EmphatyText(const std::string& projectFolder, const std::vector<std:
 void CompileEmphaty(const std::string& projectFolder, const std::vector<std::string>& factions,
                     const std::vector<std::string>& rows, const ProgressCallback& progress) {
     const std::string output = CompiledFile(projectFolder);
+    DeleteLeftoverScratchFiles(projectFolder, factions);
     if (factions.empty()) {
         platform::DeleteFile(output);
         return;

@@ -1,5 +1,6 @@
 #include "reputation/ReputationFiles.h"
 
+#include "core/platform.h"
 #include "core/txtReadWrite.h"
 
 #include <stdexcept>
@@ -14,7 +15,12 @@ std::string EventFile(std::string_view projectFolder) {
 }
 
 std::string EmpathyFile(std::string_view projectFolder, std::string_view nickname) {
-    return std::string(projectFolder) + "\\emphaty\\new\\reps_" + std::string(nickname) + ".facts";
+    return std::string(projectFolder) + "\\emphaty\\new\\reps_" + platform::DiskName(nickname) +
+           ".facts";
+}
+
+std::string DataFolder(std::string_view projectFolder) {
+    return std::string(projectFolder) + "\\emphaty\\new";
 }
 
 std::string CompiledFile(std::string_view projectFolder) {

@@ -22,6 +22,8 @@ inline constexpr std::array<std::string_view, 19> Choices = {
 std::string EventFile(std::string_view projectFolder);
 // <project folder>\emphaty\new\reps_<nickname>.facts
 std::string EmpathyFile(std::string_view projectFolder, std::string_view nickname);
+// <project folder>\emphaty\new: the folder of the event, empathy and scratch files
+std::string DataFolder(std::string_view projectFolder);
 // <project folder>\compiled\emphaty.ini
 std::string CompiledFile(std::string_view projectFolder);
 

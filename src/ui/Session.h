@@ -8,7 +8,7 @@
 #include <string_view>
 
 struct Session {
-    std::string appDir;        // Windows-1252 bytes
+    std::string appDir;        // as the system spells it (bytes, never re-encoded)
     std::string ActiveProject; // set by Load, emptied when the active project is deleted
     // The caption of lblActiveProject, as Windows-1252 bytes.
     std::function<std::string()> activeProjectCaption = [] { return std::string(); };

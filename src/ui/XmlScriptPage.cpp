@@ -161,18 +161,31 @@ QString XmlScriptPage::ScriptText() const {
 }
 
 void XmlScriptPage::btnCreateXML_Click() {
+    script::ScriptHeader header;
+    if (Check1->isChecked()) {
+        // A character that Windows-1252 lacks is refused, naming the field, as the command
+        // line refuses it, rather than turned into "?" without a word.
+        for (const auto& [field, value] : {std::pair{txtHeadModName, &header.name},
+                                           {txtHeadModVersion, &header.scriptVersion},
+                                           {txtHeadModURL, &header.modUrl},
+                                           {txtHeadModAutor, &header.author},
+                                           {txtHeadModDescr, &header.description}}) {
+            auto bytes = text::ToFileExact(field->text());
+            if (!bytes) {
+                dialogs_.ShowError(QStringLiteral("The field \"%1\" holds a character outside "
+                                                  "Windows-1252; no script was made.")
+                                       .arg(field->toolTip()));
+                return;
+            }
+            *value = std::move(*bytes);
+        }
+    }
     if (!working_)
         working_ = new frmWorking(this);
     working_->show();
     QCoreApplication::processEvents(); // let it be drawn before the work
 
     SetScriptText(QString());
-    script::ScriptHeader header;
-    header.name = text::ToFile(txtHeadModName->text());
-    header.scriptVersion = text::ToFile(txtHeadModVersion->text());
-    header.modUrl = text::ToFile(txtHeadModURL->text());
-    header.author = text::ToFile(txtHeadModAutor->text());
-    header.description = text::ToFile(txtHeadModDescr->text());
     SetScriptText(text::ToQt(script::BuildScript(Check1->isChecked() ? &header : nullptr)));
 
     working_->close();

@@ -377,8 +377,11 @@ QString frmMain::SelectedProject() const {
 
 void frmMain::RefreshProjectList() {
     lstProjects->clear();
-    for (const std::string& name : modFunctions::ListProjects(session.appDir))
+    std::vector<std::string> leftOut;
+    for (const std::string& name : modFunctions::ListProjects(session.appDir, &leftOut))
         lstProjects->addItem(text::ToQt(name));
+    for (const std::string& message : leftOut)
+        dialogs.ShowError(text::ToQt(message));
 }
 
 void frmMain::lstProjects_Click() {

@@ -3,11 +3,11 @@
 #include "core/txtReadWrite.h"
 #include "ui/Dialogs.h"
 #include "ui/Session.h"
-#include "ui/Text.h"
 #include "ui/frmMain.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QIcon>
 #include <QMessageBox>
 #include <clocale>
@@ -42,26 +42,18 @@ int main(int argc, char** argv) {
         dialogs.ShowError(problem);
         return 1;
     }
-    QString appDir = folder;
-    if (appDir.isEmpty()) {
+    // The folder's path is used as the system spells it, never re-encoded.
+    std::string appDir = QFile::encodeName(folder).toStdString();
+    if (appDir.empty()) {
         const auto choice = applicationFolder::Choose(platform::ExecutableFolder());
-        appDir = QString::fromStdString(choice.folder);
+        appDir = choice.folder;
         if (!choice.problem.empty())
-            dialogs.ShowError(QString::fromStdString(choice.problem));
+            dialogs.ShowError(QFile::decodeName(QByteArray::fromStdString(choice.problem)));
     }
-
-    const auto appDirBytes = text::ToFileExact(QDir::toNativeSeparators(appDir));
-    if (!appDirBytes) {
-        dialogs.ShowError(
-            QStringLiteral("The application folder %1 holds a character that file names of "
-                           "this program cannot hold.")
-                .arg(appDir));
-        return 1;
-    }
-    txtReadWrite::SetApplicationDirectory(*appDirBytes);
+    txtReadWrite::SetApplicationDirectory(appDir);
 
     Session session;
-    session.appDir = *appDirBytes;
+    session.appDir = appDir;
     frmMain window(session, dialogs);
     dialogs.setParent(&window);
     window.show();

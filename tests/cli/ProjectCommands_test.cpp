@@ -79,6 +79,84 @@ TEST_F(CliTest, IniCommandsPrintExactlyWhatAReadReturns) {
     EXPECT_EQ(out.str(), "dflt");
     EXPECT_EQ(Run({"ini-set", app / "missing/x.ini", "s", "k", "v"}), 2);
     EXPECT_NE(err.str().find("missing"), std::string::npos);
+    // "--" ends the options, so a value may look like one.
+    EXPECT_EQ(Run({"ini-set", file, "s", "k", "--", "--help"}), 0);
+    EXPECT_EQ(Run({"ini-get", file, "s", "k"}), 0);
+    EXPECT_EQ(out.str(), "--help");
+}
+
+TEST_F(CliTest, FoldersWhoseNamesAreNoWindows1252TextAreLeftOutWithAMessage) {
+    std::filesystem::create_directories(app / "projects/Gr\xC3\xB6\xC3\x9F"
+                                              "e"); // made by hand
+    std::filesystem::create_directories(app / "projects/Gr\xF6\xDF"
+                                              "e 1252");
+    EXPECT_EQ(Run({"projects"}), 0);
+    EXPECT_EQ(out.str(), "Gr\xC3\xB6\xC3\x9F"
+                         "e\n");
+    EXPECT_NE(err.str().find("Gr??e 1252\" in " + app.path() +
+                             "/projects is left out: the name "
+                             "is not UTF-8"),
+              std::string::npos);
+}
+
+// The application folder, the project and the faction names hold \u00e4, \u00f6, \u00fc,
+// \u00df, \u20ac and \u0152: the folder's path is used as given, every name is UTF-8 on disk
+// and Windows-1252 in the files.
+TEST(CliNames, ANonAsciiApplicationFolderAndProjectWorkFromCreateToDelete) {
+    TempFolder temp;
+    const std::string app = temp / "J\xC3\xBCrgen/Mods \xE2\x82\xAC\xC5\x92";
+    const std::string entry = "gr\xC3\xB6\xC3\x9F"
+                              "e_grp"; // UTF-8, as on disk
+    for (const char* folder : {"emphaty", "faction_prop", "initialworld"})
+        std::filesystem::create_directories(app + "/data/" + folder + "/original_factions");
+    TempFolder::Write(app + "/data/emphaty/original_factions/" + entry,
+                      "[RepChangeEffects]\r\ngroup = Gr\xF6\xDF"
+                      "e\r\n"
+                      "emphaty_rate = h\xE4ndler_grp, 0.5\r\n");
+    TempFolder::Write(app + "/data/faction_prop/original_factions/" + entry,
+                      "[FactionProps]\r\nnpc_ship = ship_\xFC\r\n");
+    TempFolder::Write(app + "/data/initialworld/original_factions/" + entry,
+                      "[Group]\r\nids_name = 5\r\n");
+    std::ostringstream out, err;
+    const auto run = [&](std::vector<std::string> args) {
+        out.str("");
+        err.str("");
+        args.insert(args.begin(), {"--app-dir", app});
+        return cli::Run(args, out, err);
+    };
+    const std::string project = "\xC3\x9C"
+                                "ber \xE2\x82\xAC Mod";
+    const std::string root = app + "/projects/" + project;
+    ASSERT_EQ(run({"create", project}), 0) << err.str();
+    EXPECT_TRUE(std::filesystem::is_directory(root + "/emphaty/new"));
+    ASSERT_EQ(run({"import",
+                   "\xC3\xBC"
+                   "BER \xE2\x82\xAC MOD",
+                   entry}),
+              0)
+        << err.str();
+    ASSERT_EQ(run({"add-faction", project, "h\xC3\xA4ndler_grp", "\xC5\x92"}), 0) << err.str();
+    ASSERT_EQ(run({"compile", project}), 0) << err.str();
+    EXPECT_EQ(TempFolder::Read(root + "/emphaty/new/reps_" + entry + ".facts"),
+              "[h\xE4ndler_grp]\r\nrep=0.5\r\n\r\n");
+    EXPECT_EQ(TempFolder::Read(root + "/faction_prop/Shiplist_" + entry + ".lst"),
+              "ship_\xFC\r\n\r\n");
+    EXPECT_EQ(TempFolder::Read(root + "/misc/factions.ini"),
+              "[gr\xF6\xDF"
+              "e_grp]\r\ngrp=Gr\xF6\xDF"
+              "e\r\n[h\xE4ndler_grp]\r\ngrp=\x8C\r\n");
+    const std::string compiled = TempFolder::Read(root + "/compiled/emphaty.ini");
+    EXPECT_NE(compiled.find("group = gr\xF6\xDF"
+                            "e_grp\r\n"),
+              std::string::npos);
+    EXPECT_NE(compiled.find("emphaty_rate = h\xE4ndler_grp, 0.5\r\n"), std::string::npos);
+    EXPECT_NE(TempFolder::Read(root + "/compiled/faction_prop.ini").find("npc_ship = ship_\xFC"),
+              std::string::npos);
+    EXPECT_EQ(run({"projects"}), 0);
+    EXPECT_EQ(out.str(), project + "\n");
+    EXPECT_EQ(run({"delete", project}), 0);
+    EXPECT_FALSE(std::filesystem::exists(root));
+    EXPECT_TRUE(std::filesystem::is_directory(app + "/data"));
 }
 
 } // namespace

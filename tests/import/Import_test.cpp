@@ -147,6 +147,19 @@ TEST_F(Import, ImportAllGoesInListOrderAndReportsRefusedEntriesAtTheEnd) {
     EXPECT_EQ(Snapshot(), once);
 }
 
+// An import killed half-way leaves temporary files; one complete run later none is left.
+TEST_F(Import, ACompleteRerunLeavesNoTemporaryFileOfAKilledImport) {
+    for (const char* folder : {"misc", "emphaty/new", "faction_prop", "initialworld"})
+        for (const char* name : {".orrindel-99999999-1-0", ".orrindel-99999999-2"})
+            TempFolder::Write(app() + "/projects/P/" + folder + "/" + name, "partial");
+    ImportAllOriginalFactions(app(), project());
+    // Killed again, after the registry was complete: the re-run finds nothing to change there.
+    TempFolder::Write(app() + "/projects/P/misc/.orrindel-99999999-3-0", "partial");
+    ImportAllOriginalFactions(app(), project());
+    for (const auto& [path, bytes] : Snapshot())
+        EXPECT_EQ(path.find(".orrindel-"), std::string::npos) << path;
+}
+
 TEST_F(Import, ImportAllMatchesWritingValueByValue) {
     // Both projects start with a faction of the user's under a library nickname.
     modFunctions::CreateProjectFolders(app(), "Q");

@@ -101,6 +101,16 @@ TEST_F(EmphatyCompilerTest, ValuesAreCopiedAsStoredAndTheLineBreakEscapeSplitsAL
                         "\r\n");
 }
 
+TEST_F(EmphatyCompilerTest, ALeftoverScratchFileOfACompiledFactionIsDeleted) {
+    TempFolder::Write(app / "projects/Mod/emphaty/new/A.tmp", "[RepChangeEffects]\r\n");
+    TempFolder::Write(app / "projects/Mod/emphaty/new/\xC3\x84.TMP", "half a block");
+    TempFolder::Write(app / "projects/Mod/emphaty/new/other.tmp", "not ours to judge");
+    reputation::CompileEmphaty(folder, {"A", "\xE4"}, {"A", "\xE4"});
+    EXPECT_FALSE(std::filesystem::exists(app / "projects/Mod/emphaty/new/A.tmp"));
+    EXPECT_FALSE(std::filesystem::exists(app / "projects/Mod/emphaty/new/\xC3\x84.TMP"));
+    EXPECT_TRUE(std::filesystem::exists(app / "projects/Mod/emphaty/new/other.tmp"));
+}
+
 TEST_F(EmphatyCompilerTest, AFailedCompileKeepsThePreviousOutput) {
     const std::string output = app / "projects/Mod/compiled/emphaty.ini";
     TempFolder::Write(output, "previous");

@@ -97,6 +97,23 @@ private slots:
         QVERIFY(dialogs.shown.empty());
     }
 
+    void RefusesAHeaderCharacterOutsideWindows1252NamingTheField() {
+        ScriptedDialogs dialogs;
+        XmlScriptPage page(dialogs);
+        Child<QLineEdit>(page, "txtHeadModAutor")
+            ->setText(QString::fromUtf8("\xC5\x81\xC3\xB3"
+                                        "d\xC5\xBA Mod"));
+        Press(Child<VantelButton>(page, "btnCreateXML")); // the header is not used yet
+        QCOMPARE(page.ScriptText(), QString("<script>\r\n</script>"));
+        QVERIFY(dialogs.shown.empty());
+
+        Child<QCheckBox>(page, "Check1")->setChecked(true);
+        Press(Child<VantelButton>(page, "btnCreateXML"));
+        QCOMPARE(dialogs.shown.size(), std::size_t(1));
+        QVERIFY(dialogs.shown[0].text.contains("\"Autor\""));
+        QCOMPARE(page.ScriptText(), QString("<script>\r\n</script>")); // left as it was
+    }
+
     void FrameSlidesOpenAndClosedInSixtyStepsMovingTheBox() {
         ScriptedDialogs dialogs;
         XmlScriptPage page(dialogs);

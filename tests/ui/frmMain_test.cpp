@@ -350,6 +350,18 @@ private slots:
         QVERIFY(dialogs->shown.front().text.contains("../up"));
     }
 
+    void ProjectFoldersAreListedFromUtf8AndOthersLeftOutAndTold() {
+        fs::create_directory((*folder) / "projects/Gr\xC3\xB6\xC3\x9F"
+                                         "e"); // made by hand
+        fs::create_directory((*folder) / "projects/Gr\xF6\xDF"
+                                         "e 1252");
+        Click("VantelButton4");
+        QCOMPARE(Projects(), QStringList{QString::fromUtf8("Gr\xC3\xB6\xC3\x9F"
+                                                           "e")});
+        QCOMPARE(dialogs->shown.size(), std::size_t(1));
+        QVERIFY(dialogs->shown.front().text.contains("is left out"));
+    }
+
     void SlidesTakeTheComputedTicks() {
         auto* frame1 = Get<QGroupBox>("Frame1");
         auto* frame2 = Get<QGroupBox>("Frame2");

@@ -1,0 +1,361 @@
+#include "core/FileReplacement.h"
+
+#include "core/PathLookup.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cerrno>
+#include <chrono>
+#include <cstdio>
+#include <dirent.h>
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <unordered_map>
+
+namespace platform {
+namespace {
+
+constexpr std::string_view TemporaryPrefix = ".orrindel-";
+
+// "<pid>-<start>": the process id and the moment the process first wrote. The moment tells
+// our own temporary files from those that an ended program with the same id left behind.
+const std::string& ProcessTag() {
+    static const std::string tag = [] {
+        const auto now = std::chrono::system_clock::now().time_since_epoch();
+        return std::to_string(::getpid()) + "-" +
+               std::to_string(std::chrono::duration_cast<std::chrono::nanoseconds>(now).count());
+    }();
+    return tag;
+}
+
+std::string FolderOf(const std::string& hostPath) {
+    const auto slash = hostPath.rfind('/');
+    if (slash == std::string::npos)
+        return ".";
+    return slash == 0 ? "/" : hostPath.substr(0, slash);
+}
+
+void WriteAll(FileCalls& calls, int fd, std::string_view bytes, const std::string& path) {
+    while (!bytes.empty()) {
+        const ssize_t written = calls.Write(fd, bytes.data(), bytes.size());
+        if (written < 0) {
+            if (errno == EINTR)
+                continue;
+            throw FileError(path, SystemReason(errno));
+        }
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+}
+
+struct Temporary {
+    std::string path;
+    bool targetExisted = false;
+};
+
+// Whether a file may be replaced. A file without write permission is read-only for everyone,
+// the superuser included; for its owner its owner's bit decides, so only others need to ask.
+bool Writable(const std::string& target, const struct stat& existing) {
+    static const uid_t user = ::geteuid();
+    if ((existing.st_mode & 0222) == 0)
+        return false;
+    if (existing.st_uid == user)
+        return user == 0 || (existing.st_mode & S_IWUSR) != 0;
+    return ::access(target.c_str(), W_OK) == 0;
+}
+
+// Writes the bytes into a new temporary file beside the target. newFileMode: the mode that a
+// new file gets here, learnt from the first temporary file that needs it.
+Temporary WriteTemporary(FileCalls& calls, const std::string& target, std::string_view bytes,
+                         Presence presence, std::optional<mode_t>& newFileMode) {
+    struct stat existing {};
+    const bool exists = presence != Presence::Missing && ::stat(target.c_str(), &existing) == 0;
+    if (exists && !S_ISREG(existing.st_mode))
+        throw FileError(target, "not an ordinary file");
+    if (exists && !Writable(target, existing))
+        throw FileError(target, "the file is read-only");
+    // A fresh name beside the target, created with the usual permissions (the umask applies);
+    // an existing file's own permissions are carried over.
+    static std::atomic<unsigned> counter{0};
+    const std::string prefix =
+        FolderOf(target) + "/" + std::string(TemporaryPrefix) + ProcessTag() + "-";
+    Temporary temporary{{}, exists};
+    Descriptor file;
+    for (int attempt = 0; file.fd < 0; ++attempt) {
+        temporary.path = prefix + std::to_string(counter++);
+        file.fd = ::open(temporary.path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (file.fd < 0 && (errno != EEXIST || attempt > 100))
+            throw FileError(target,
+                            errno == ENOENT ? "the folder does not exist" : SystemReason(errno));
+    }
+    try {
+        if (exists && !newFileMode) {
+            struct stat created {};
+            if (::fstat(file.fd, &created) == 0)
+                newFileMode = created.st_mode & 07777;
+        }
+        if (exists && newFileMode != (existing.st_mode & 07777))
+            ::fchmod(file.fd, existing.st_mode & 07777);
+        // No sync per file: the rename alone guarantees that a crashed program leaves the old
+        // or the new file, and syncing every keystroke's write would make editing sluggish.
+        WriteAll(calls, file.fd, bytes, target);
+    } catch (...) {
+        ::unlink(temporary.path.c_str());
+        throw;
+    }
+    return temporary;
+}
+
+bool Unsupported(int error) {
+    return error == EINVAL || error == ENOSYS || error == ENOTSUP;
+}
+
+std::string BackupOf(const std::string& temporary) {
+    return temporary + "-old";
+}
+
+} // namespace
+
+ssize_t FileCalls::Write(int fd, const char* data, std::size_t size) {
+    return ::write(fd, data, size);
+}
+
+int FileCalls::Rename(const char* from, const char* to, unsigned flags) {
+    return ::renameat2(AT_FDCWD, from, AT_FDCWD, to, flags);
+}
+
+int FileCalls::Sync(int fd) {
+    return ::syncfs(fd);
+}
+
+FileCalls& SystemFileCalls() {
+    static FileCalls calls; // holds no state
+    return calls;
+}
+
+std::optional<std::string> ReadBytes(std::string_view path) {
+    std::string host = HostPath(path);
+    Descriptor file{::open(host.c_str(), O_RDONLY | O_CLOEXEC)};
+    if (file.fd < 0 && (errno == ENOENT || errno == ENOTDIR)) {
+        // Spelled differently on disk, or missing.
+        std::string resolved = ResolvePath(path);
+        if (resolved == host)
+            return std::nullopt;
+        host = std::move(resolved);
+        file.fd = ::open(host.c_str(), O_RDONLY | O_CLOEXEC);
+    }
+    if (file.fd < 0) {
+        if (errno == ENOENT || errno == ENOTDIR)
+            return std::nullopt;
+        throw FileError(host, SystemReason(errno));
+    }
+    struct stat st {};
+    if (::fstat(file.fd, &st) != 0)
+        throw FileError(host, SystemReason(errno));
+    if (!S_ISREG(st.st_mode))
+        return std::nullopt;
+    const auto expected = static_cast<std::size_t>(st.st_size);
+    std::string bytes(expected + 1, '\0');
+    std::size_t total = 0;
+    for (;;) {
+        if (total == bytes.size())
+            bytes.resize(bytes.size() * 2);
+        const std::size_t wanted = bytes.size() - total;
+        const ssize_t got = ::read(file.fd, bytes.data() + total, wanted);
+        if (got < 0) {
+            if (errno == EINTR)
+                continue;
+            throw FileError(host, SystemReason(errno));
+        }
+        total += static_cast<std::size_t>(got);
+        // A short read that reaches the size the file had when it was opened is its end;
+        // it saves the extra read that would only return nothing.
+        if (got == 0 || (static_cast<std::size_t>(got) < wanted && total >= expected))
+            break;
+    }
+    bytes.resize(total);
+    return bytes;
+}
+
+void ReplaceFile(std::string_view path, std::string_view bytes) {
+    StagedReplacement replacement;
+    replacement.Stage(path, bytes);
+    replacement.Commit();
+}
+
+void AppendBytes(std::string_view path, std::string_view bytes) {
+    const std::string host = ResolvePath(path);
+    Descriptor file{::open(host.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666)};
+    if (file.fd < 0)
+        throw FileError(host, SystemReason(errno));
+    WriteAll(SystemFileCalls(), file.fd, bytes, host);
+}
+
+void RemoveLeftoverTemporaries(const std::string& hostFolder) {
+    DIR* dir = ::opendir(hostFolder.c_str());
+    if (!dir)
+        return;
+    const std::string& own = ProcessTag();
+    const std::string_view ownPid = std::string_view(own).substr(0, own.find('-'));
+    std::unordered_map<std::string, bool> ended; // process id -> gone
+    while (const dirent* entry = ::readdir(dir)) {
+        std::string_view name = entry->d_name;
+        if (!name.starts_with(TemporaryPrefix))
+            continue;
+        name.remove_prefix(TemporaryPrefix.size());
+        const auto dash = name.find('-');
+        if (dash == 0 || dash == std::string_view::npos)
+            continue;
+        const std::string pid(name.substr(0, dash));
+        if (pid.size() > 9 || pid.find_first_not_of("0123456789") != std::string::npos)
+            continue; // no process id of ours
+        bool leftover;
+        if (pid == ownPid) {
+            // Ours only when it carries our tag; else an ended program had our id before.
+            leftover = !name.starts_with(own + "-");
+        } else {
+            auto [it, inserted] = ended.try_emplace(pid, false);
+            if (inserted)
+                it->second = ::kill(static_cast<pid_t>(std::stol(pid)), 0) != 0 && errno == ESRCH;
+            leftover = it->second;
+        }
+        if (leftover)
+            ::unlinkat(::dirfd(dir), entry->d_name, 0);
+    }
+    ::closedir(dir);
+}
+
+StagedReplacement::~StagedReplacement() {
+    for (const auto& item : staged_) {
+        if (item.placed == Placed::No)
+            ::unlink(item.temporary.c_str());
+    }
+}
+
+void StagedReplacement::Stage(std::string_view path, std::string_view bytes) {
+    StageResolved(ResolvePath(path), bytes);
+}
+
+void StagedReplacement::StageResolved(const std::string& hostPath, std::string_view bytes,
+                                      Presence presence) {
+    Tidy(hostPath);
+    Temporary temporary = WriteTemporary(calls_, hostPath, bytes, presence, newFileMode_);
+    staged_.push_back({hostPath, std::move(temporary.path), temporary.targetExisted});
+}
+
+void StagedReplacement::Tidy(const std::string& hostPath) {
+    const std::string folder = FolderOf(hostPath);
+    if (std::find(swept_.begin(), swept_.end(), folder) == swept_.end()) {
+        RemoveLeftoverTemporaries(folder);
+        swept_.push_back(folder);
+    }
+}
+
+void StagedReplacement::Place(Staged& item) {
+    const char* from = item.temporary.c_str();
+    const char* to = item.target.c_str();
+    if (staged_.size() == 1) {
+        // A file replaced alone needs no way back: a plain rename puts it in place.
+        if (calls_.Rename(from, to, 0) != 0)
+            throw FileError(item.target, SystemReason(errno));
+        item.placed = Placed::AsNew;
+        return;
+    }
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        if (item.existed) {
+            // The exchange keeps the old content under the temporary name until the end.
+            if (calls_.Rename(from, to, RENAME_EXCHANGE) == 0) {
+                item.placed = Placed::Exchanged;
+                return;
+            }
+            if (errno == ENOENT) { // the target went away meanwhile
+                item.existed = false;
+                continue;
+            }
+            if (!Unsupported(errno))
+                break;
+            // A file system without the exchange: keep the old content under a second name,
+            // a link where there are links, else the old file itself moved aside.
+            const std::string backup = BackupOf(item.temporary);
+            const bool linked = ::link(to, backup.c_str()) == 0;
+            if (!linked && calls_.Rename(to, backup.c_str(), 0) != 0)
+                break;
+            if (calls_.Rename(from, to, 0) != 0) {
+                const int error = errno;
+                if (linked)
+                    ::unlink(backup.c_str());
+                else
+                    calls_.Rename(backup.c_str(), to, 0);
+                errno = error;
+                break;
+            }
+            item.placed = Placed::BackedUp;
+            return;
+        }
+        if (calls_.Rename(from, to, RENAME_NOREPLACE) == 0) {
+            item.placed = Placed::AsNew;
+            return;
+        }
+        if (errno == EEXIST) { // the target appeared meanwhile
+            item.existed = true;
+            continue;
+        }
+        if (!Unsupported(errno) || calls_.Rename(from, to, 0) != 0)
+            break;
+        item.placed = Placed::AsNew;
+        return;
+    }
+    throw FileError(item.target, SystemReason(errno));
+}
+
+void StagedReplacement::Restore(Staged& item) noexcept {
+    bool restored = true;
+    switch (item.placed) {
+    case Placed::No:
+        return;
+    case Placed::AsNew:
+        restored = ::unlink(item.target.c_str()) == 0;
+        break;
+    case Placed::Exchanged:
+        restored = calls_.Rename(item.temporary.c_str(), item.target.c_str(), RENAME_EXCHANGE) == 0;
+        break;
+    case Placed::BackedUp:
+        restored = calls_.Rename(BackupOf(item.temporary).c_str(), item.target.c_str(), 0) == 0;
+        break;
+    }
+    // When the way back fails too, the old content stays under its temporary name rather
+    // than being removed with the temporaries.
+    if (restored)
+        item.placed = Placed::No;
+}
+
+void StagedReplacement::Commit() {
+    if (staged_.size() > 1) {
+        // The contents reach the disk before any name changes, so that a crash in the middle
+        // of the renames leaves whole files, old or new.
+        const std::string& first = staged_.front().target;
+        const Descriptor folder{
+            ::open(FolderOf(first).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
+        if (folder.fd < 0 || calls_.Sync(folder.fd) != 0)
+            throw FileError(first, SystemReason(errno));
+    }
+    for (std::size_t i = 0; i < staged_.size(); ++i) {
+        try {
+            Place(staged_[i]);
+        } catch (...) {
+            for (std::size_t j = i; j-- > 0;)
+                Restore(staged_[j]);
+            throw;
+        }
+    }
+    for (const Staged& item : staged_) {
+        if (item.placed == Placed::Exchanged)
+            ::unlink(item.temporary.c_str()); // the old content
+        else if (item.placed == Placed::BackedUp)
+            ::unlink(BackupOf(item.temporary).c_str());
+    }
+    staged_.clear();
+}
+
+} // namespace platform

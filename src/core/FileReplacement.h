@@ -1,0 +1,79 @@
+#pragma once
+// Whole-file reading and crash-safe replacement. A file is replaced by writing a temporary
+// file beside it and renaming that over it; several files are replaced all-or-nothing.
+#include "core/platformBasics.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <sys/stat.h>
+#include <sys/types.h>
+#include <vector>
+
+namespace platform {
+
+// The calls that put bytes on disk. Everything that replaces files goes through one of
+// these, so that a test can make the Nth write, rename or sync fail and look at the outcome.
+class FileCalls {
+public:
+    virtual ~FileCalls() = default;
+    virtual ssize_t Write(int fd, const char* data, std::size_t size); // ::write
+    // ::renameat2 with its flags (0, RENAME_NOREPLACE or RENAME_EXCHANGE).
+    virtual int Rename(const char* from, const char* to, unsigned flags);
+    virtual int Sync(int fd); // ::syncfs
+};
+// The system's own calls.
+FileCalls& SystemFileCalls();
+
+// Whole-file access in bytes. ReadBytes: nullopt when the file is missing.
+std::optional<std::string> ReadBytes(std::string_view path);
+// Crash-safe replacement: a temporary file in the same folder renamed over the target.
+// A read-only target is refused. Throws FileError.
+void ReplaceFile(std::string_view path, std::string_view bytes);
+// Appends in one write call, creating the file when missing. Throws FileError.
+void AppendBytes(std::string_view path, std::string_view bytes);
+
+// Removes the temporary files of our naming in a folder (a host path) whose program has
+// ended without removing them (a crash, a kill). Those of running programs stay.
+void RemoveLeftoverTemporaries(const std::string& hostFolder);
+
+// What the caller knows about a target from a listing: it saves a look at each new file.
+enum class Presence { Unknown, Missing, Present };
+
+// All-or-nothing replacement of several files: Stage writes every temporary file, and only
+// when all were written does Commit put them into place. When putting one in place fails,
+// Commit restores every file it already replaced before it throws, so on any failure short
+// of a crash no target changes. Destruction without Commit removes the temporary files.
+class StagedReplacement {
+public:
+    explicit StagedReplacement(FileCalls& calls = SystemFileCalls()) : calls_(calls) {}
+    StagedReplacement(const StagedReplacement&) = delete;
+    StagedReplacement& operator=(const StagedReplacement&) = delete;
+    ~StagedReplacement();
+    void Stage(std::string_view path, std::string_view bytes); // throws FileError
+    // The same for a path that was resolved already (a host path).
+    void StageResolved(const std::string& hostPath, std::string_view bytes,
+                       Presence presence = Presence::Unknown);
+    void Commit(); // throws FileError
+    // Rids the folder of a file of leftover temporaries (once per folder), as staging a file
+    // there does; for a batch that looked at a file and found nothing to change.
+    void Tidy(const std::string& hostPath);
+
+private:
+    enum class Placed { No, AsNew, Exchanged, BackedUp };
+    struct Staged {
+        std::string target;
+        std::string temporary;
+        bool existed = false;
+        Placed placed = Placed::No;
+    };
+    void Place(Staged& item);
+    void Restore(Staged& item) noexcept;
+    FileCalls& calls_;
+    std::vector<Staged> staged_;
+    std::vector<std::string> swept_;    // folders already rid of leftovers
+    std::optional<mode_t> newFileMode_; // the mode a new file gets, once known
+};
+
+} // namespace platform

@@ -1,0 +1,198 @@
+#include "core/PathLookup.h"
+
+#include "core/names.h"
+#include "core/win1252.h"
+
+#include <algorithm>
+#include <dirent.h>
+#include <sys/stat.h>
+
+namespace platform {
+namespace {
+
+bool Exists(const std::string& hostPath) {
+    struct stat st {};
+    return ::lstat(hostPath.c_str(), &st) == 0;
+}
+
+bool IsAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+// The entry of a folder that matches a name without regard to case; "" when none does.
+std::string MatchInFolder(const std::string& folder, std::string_view name) {
+    DIR* dir = ::opendir(folder.empty() ? "." : folder.c_str());
+    if (!dir)
+        return {};
+    const std::string key = FoldedDiskName(name);
+    std::string found;
+    while (const dirent* entry = ::readdir(dir)) {
+        if (FoldedDiskName(entry->d_name) == key) {
+            found = entry->d_name;
+            break;
+        }
+    }
+    ::closedir(dir);
+    return found;
+}
+
+std::string Joined(const std::string& folder, std::string_view name) {
+    std::string out = folder;
+    if (out.empty() || out.back() != '/')
+        out += '/';
+    out += name;
+    return out;
+}
+
+FileStamp StampFrom(const struct stat& st) {
+    return FileStamp{static_cast<std::uint64_t>(st.st_size),
+                     static_cast<std::int64_t>(st.st_mtim.tv_sec) * 1000000000 + st.st_mtim.tv_nsec,
+                     static_cast<std::uint64_t>(st.st_ino)};
+}
+
+} // namespace
+
+std::string DiskName(std::string_view name) {
+    return IsAscii(name) ? std::string(name) : win1252::ToUtf8(name);
+}
+
+std::optional<std::string> NameFromDisk(std::string_view diskName) {
+    if (IsAscii(diskName))
+        return std::string(diskName);
+    return win1252::FromUtf8(diskName);
+}
+
+std::string FoldedDiskName(std::string_view diskName) {
+    if (const auto name = NameFromDisk(diskName))
+        return names::Folded(*name);
+    // A NUL byte never occurs in a name, so such a key equals no decoded one.
+    return std::string(1, '\0') + std::string(diskName);
+}
+
+std::string ResolvePath(std::string_view path) {
+    std::string host = HostPath(path);
+    if (host.empty() || Exists(host))
+        return host;
+    std::string resolved;
+    std::size_t pos = 0;
+    if (host.front() == '/') {
+        resolved = "/";
+        pos = 1;
+    }
+    bool parentExists = true;
+    while (pos <= host.size()) {
+        std::size_t next = host.find('/', pos);
+        if (next == std::string::npos)
+            next = host.size();
+        const std::string_view piece(host.data() + pos, next - pos);
+        pos = next + 1;
+        if (piece.empty())
+            continue;
+        const std::string folder = resolved;
+        if (!resolved.empty() && resolved.back() != '/')
+            resolved += '/';
+        std::string spelled(piece);
+        if (parentExists && piece != "." && piece != ".." && !Exists(resolved + spelled)) {
+            std::string match = MatchInFolder(folder, piece);
+            if (match.empty())
+                parentExists = false;
+            else
+                spelled = std::move(match);
+        }
+        resolved += spelled;
+    }
+    return resolved;
+}
+
+PathResolver::Found PathResolver::Find(std::string_view path) {
+    const std::string given(path);
+    if (const auto it = found_.find(given); it != found_.end())
+        return it->second;
+    const std::string host = HostPath(path);
+    const auto slash = host.find_last_of('/');
+    Found result;
+    if (slash == std::string::npos || slash + 1 == host.size()) {
+        result.path = ResolvePath(path);
+        result.listed = Exists(result.path);
+    } else {
+        const std::string parent = Folder(slash == 0 ? "/" : host.substr(0, slash));
+        const std::string name = host.substr(slash + 1);
+        const Listing& listing = ListingOf(parent);
+        std::string spelled = name;
+        if (!listing.readable) {
+            result.listed = Exists(Joined(parent, name));
+        } else if (listing.exact.count(name)) {
+            result.listed = true;
+        } else if (const auto match = listing.byFolded.find(FoldedDiskName(name));
+                   match != listing.byFolded.end()) {
+            spelled = match->second;
+            result.listed = true;
+        } else {
+            result.listed = false;
+        }
+        result.path = Joined(parent, spelled);
+    }
+    found_.emplace(given, result);
+    return result;
+}
+
+std::string PathResolver::Folder(const std::string& hostFolder) {
+    if (const auto it = folders_.find(hostFolder); it != folders_.end())
+        return it->second;
+    // Folders are few: one look at each, spelled as given when that exists.
+    std::string onDisk = Exists(hostFolder) ? hostFolder : ResolvePath(hostFolder);
+    folders_.emplace(hostFolder, onDisk);
+    return onDisk;
+}
+
+const PathResolver::Listing& PathResolver::ListingOf(const std::string& folder) {
+    auto [it, inserted] = listings_.try_emplace(folder);
+    if (inserted) {
+        if (DIR* dir = ::opendir(folder.c_str())) {
+            it->second.readable = true;
+            while (const dirent* entry = ::readdir(dir)) {
+                const std::string_view name = entry->d_name;
+                if (name == "." || name == "..")
+                    continue;
+                it->second.exact.emplace(name);
+                it->second.byFolded.try_emplace(FoldedDiskName(name), name);
+            }
+            ::closedir(dir);
+        }
+    }
+    return it->second;
+}
+
+std::optional<FileStamp> StampOf(std::string_view path) {
+    struct stat st {};
+    if (::stat(ResolvePath(path).c_str(), &st) != 0 || !S_ISREG(st.st_mode))
+        return std::nullopt;
+    return StampFrom(st);
+}
+
+ResolvedFile LookUpFile(std::string_view path) {
+    // One stat when the path is spelled as on disk, the common case.
+    ResolvedFile out{HostPath(path), std::nullopt};
+    struct stat st {};
+    if (::stat(out.path.c_str(), &st) != 0) {
+        out.path = ResolvePath(path);
+        if (::stat(out.path.c_str(), &st) != 0)
+            return out;
+    }
+    if (S_ISREG(st.st_mode))
+        out.stamp = StampFrom(st);
+    return out;
+}
+
+bool IsFile(std::string_view path) {
+    struct stat st {};
+    return ::stat(ResolvePath(path).c_str(), &st) == 0 && S_ISREG(st.st_mode);
+}
+
+bool IsDirectory(std::string_view path) {
+    struct stat st {};
+    return ::stat(ResolvePath(path).c_str(), &st) == 0 && S_ISDIR(st.st_mode);
+}
+
+} // namespace platform

@@ -1,0 +1,63 @@
+#include "core/FolderOperations.h"
+#include "support/TempFolder.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// A project that is a link to a folder elsewhere, or holds one, goes without that folder
+// changing: not its files, not its mode.
+TEST(FolderOperations, DeletingATreeNeverFollowsALink) {
+    TempFolder temp;
+    fs::create_directories(temp / "outside");
+    TempFolder::Write(temp / "outside/keep.txt", "keep");
+    fs::permissions(temp / "outside", fs::perms(0750));
+    fs::create_directories(temp / "projects/Real/sub");
+    TempFolder::Write(temp / "projects/Real/sub/file", "x");
+    fs::create_directory_symlink(temp / "outside", temp / "projects/Real/inner");
+    fs::permissions(temp / "projects/Real/sub", fs::perms(0555));
+    fs::create_directory_symlink(temp / "outside", temp / "projects/Linked");
+
+    platform::DeleteFolderTree(temp.path() + "\\projects\\linked");
+    EXPECT_FALSE(fs::exists(fs::symlink_status(temp / "projects/Linked")));
+    platform::DeleteFolderTree(temp.path() + "\\projects\\Real");
+    EXPECT_FALSE(fs::exists(fs::symlink_status(temp / "projects/Real")));
+
+    EXPECT_EQ(TempFolder::Read(temp / "outside/keep.txt"), "keep");
+    EXPECT_EQ(fs::status(temp / "outside").permissions(), fs::perms(0750));
+    EXPECT_TRUE(fs::is_directory(temp / "projects"));
+
+    // A faction's file that is a link goes as the link.
+    fs::create_symlink(temp / "outside/keep.txt", temp / "projects/list.lst");
+    EXPECT_TRUE(platform::DeleteFile(temp.path() + "\\projects\\list.lst"));
+    EXPECT_EQ(TempFolder::Read(temp / "outside/keep.txt"), "keep");
+}
+
+TEST(FolderOperations, ListingDecodesNamesAndLeavesOutThoseThatAreNoWindows1252Text) {
+    TempFolder temp;
+    fs::create_directories(temp / "Gr\xC3\xB6\xC3\x9F"
+                                  "e");
+    fs::create_directories(temp / "Gr\xF6\xDF"
+                                  "e raw");
+    fs::create_directories(temp / "\xE2\x9C\x93");
+    TempFolder::Write(temp / "file", "x");
+    fs::create_symlink(temp / "file", temp / "link");
+
+    std::vector<std::string> leftOut;
+    auto folders = platform::ListFolder(temp.path(), platform::EntryKind::Folders, &leftOut);
+    EXPECT_EQ(folders, std::vector<std::string>{"Gr\xF6\xDF"
+                                                "e"});
+    std::sort(leftOut.begin(), leftOut.end());
+    EXPECT_EQ(leftOut, (std::vector<std::string>{"Gr\xF6\xDF"
+                                                 "e raw",
+                                                 "\xE2\x9C\x93"}));
+    auto files = platform::ListFolder(temp.path(), platform::EntryKind::Files);
+    std::sort(files.begin(), files.end());
+    EXPECT_EQ(files, (std::vector<std::string>{"file", "link"}));
+}
+
+} // namespace
