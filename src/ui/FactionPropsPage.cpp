@@ -1,5 +1,6 @@
 #include "ui/FactionPropsPage.h"
 
+#include "core/ProtocolLines.h"
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
 #include "factionprops/Catalogues.h"
@@ -7,6 +8,7 @@
 #include "factionprops/PropertySheet.h"
 #include "ui/Dialogs.h"
 #include "ui/Named.h"
+#include "ui/ProgressRun.h"
 #include "ui/Session.h"
 #include "ui/Text.h"
 #include "ui/VantelButton.h"
@@ -619,16 +621,18 @@ void FactionPropsPage::btnCompileFP_Click() {
     pgFP2->setValue(0);
     const std::string folder = session.ProjectPath();
     try {
-        fp::CompileFactionProp(folder, factions, [this](std::size_t done, std::size_t) {
-            pgFP2->setValue(static_cast<int>(done));
-        });
+        progressrun::Run(
+            [&](const progress::Report& report) {
+                fp::CompileFactionProp(folder, factions, report);
+            },
+            [this](const progress::Step& at) { pgFP2->setValue(static_cast<int>(at.outerDone)); });
     } catch (const std::exception& error) {
         dialogs.ShowError(QStringLiteral("Faction_Prop.ini was not compiled: ") +
                           Dialogs::Describe(error));
         return;
     }
     try {
-        session.WriteProtocol("Faction_Prop.ini created...");
+        session.WriteProtocol(protocol::FactionPropCompiled);
     } catch (const std::exception& error) {
         dialogs.ShowError(QStringLiteral("The protocol could not be written: ") +
                           Dialogs::Describe(error));

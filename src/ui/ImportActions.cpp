@@ -2,6 +2,7 @@
 
 #include "import/Import.h"
 #include "ui/Dialogs.h"
+#include "ui/ProgressRun.h"
 #include "ui/Session.h"
 #include "ui/Text.h"
 #include "ui/VantelButton.h"
@@ -48,13 +49,20 @@ void ImportActions::btnImport_Click() {
 void ImportActions::btnImportAll_Click() {
     if (session.ActiveProject.empty())
         return;
-    importer::ImportProgress progress;
-    progress.setMaximum = [this](int maximum) { pgImportAll->setMaximum(maximum); };
-    progress.setValue = [this](int value) { pgImportAll->setValue(value); };
+    // The bar runs from 0 to the last entry's index, as the entries are counted from 0.
+    const auto show = [this](const progress::Step& at) {
+        pgImportAll->setMaximum(at.outerTotal > 0 ? static_cast<int>(at.outerTotal) - 1 : 0);
+        if (at.outerDone > 0)
+            pgImportAll->setValue(static_cast<int>(at.outerDone) - 1);
+    };
+    const std::string folder = session.ProjectPath();
     importer::ImportAllResult result;
     try {
-        result =
-            importer::ImportAllOriginalFactions(session.appDir, session.ProjectPath(), progress);
+        progressrun::Run(
+            [&](const progress::Report& report) {
+                result = importer::ImportAllOriginalFactions(session.appDir, folder, report);
+            },
+            show);
     } catch (const std::exception& error) {
         pgImportAll->setValue(0);
         dialogs.ShowError(QStringLiteral("Nothing was imported:\n") + Dialogs::Describe(error));

@@ -1,11 +1,13 @@
 #include "ui/InitialWorldPage.h"
 
+#include "core/ProtocolLines.h"
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
 #include "initialworld/InitialWorld.h"
 #include "initialworld/InitialWorldCompiler.h"
 #include "ui/Dialogs.h"
 #include "ui/Named.h"
+#include "ui/ProgressRun.h"
 #include "ui/Session.h"
 #include "ui/Text.h"
 #include "ui/VantelButton.h"
@@ -208,26 +210,26 @@ void InitialWorldPage::VantelButton13_Click() {
     for (int r = 0; r < lv_Init->topLevelItemCount(); ++r)
         rows.push_back(text::ToFile(lv_Init->topLevelItem(r)->text(0)));
 
-    initialworld::CompileProgress progress;
-    progress.started = [this](std::size_t count) {
-        SetMaximum(pgInit2, count);
-        pgInit2->setValue(0);
+    const auto show = [this](const progress::Step& at) {
+        SetMaximum(pgInit2, at.outerTotal);
+        pgInit2->setValue(static_cast<int>(at.outerDone));
+        SetMaximum(pgInit1, at.innerTotal);
+        pgInit1->setValue(static_cast<int>(at.innerDone));
     };
-    progress.factionStarted = [this](std::size_t rowCount) {
-        SetMaximum(pgInit1, rowCount);
-        pgInit1->setValue(0);
-    };
-    progress.rowDone = [this](std::size_t j) { pgInit1->setValue(static_cast<int>(j)); };
-    progress.factionDone = [this](std::size_t done) { pgInit2->setValue(static_cast<int>(done)); };
+    const std::string folder = session.ProjectPath();
     try {
-        initialworld::CompileInitialWorld(session.ProjectPath(), factions, rows, progress);
+        progressrun::Run(
+            [&](const progress::Report& report) {
+                initialworld::CompileInitialWorld(folder, factions, rows, report);
+            },
+            show);
     } catch (const std::exception& error) {
         dialogs.ShowError(QStringLiteral("Initialworld.ini was not created: ") +
                           Dialogs::Describe(error));
         return;
     }
     try {
-        session.WriteProtocol("Initialworld.ini created...");
+        session.WriteProtocol(protocol::InitialWorldCompiled);
     } catch (const std::exception& error) {
         dialogs.ShowError(QStringLiteral("The protocol could not be written: ") +
                           Dialogs::Describe(error));

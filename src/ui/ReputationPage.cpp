@@ -1,10 +1,12 @@
 #include "ui/ReputationPage.h"
 
+#include "core/ProtocolLines.h"
 #include "core/txtReadWrite.h"
 #include "reputation/EmphatyCompiler.h"
 #include "reputation/ReputationFiles.h"
 #include "ui/Dialogs.h"
 #include "ui/Named.h"
+#include "ui/ProgressRun.h"
 #include "ui/Session.h"
 #include "ui/Text.h"
 #include "ui/VantelButton.h"
@@ -313,21 +315,28 @@ void ReputationPage::btnEmphatySave_Click() {
     const int lastFaction = static_cast<int>(factions.size()) - 1;
     pgEmphaty2->setRange(0, std::max(lastFaction, 1));
     pgEmphaty1->setRange(0, std::max(static_cast<int>(rows.size()), 1));
-    const auto progress = [this, lastFaction](const reputation::CompileProgress& at) {
-        if (at.factionDone)
-            pgEmphaty2->setValue(lastFaction > 0 ? static_cast<int>(at.faction) : 1);
-        else
-            pgEmphaty1->setValue(static_cast<int>(at.row));
+    // The faction bar shows the index of the last finished faction, the row bar the rows of
+    // the faction under way.
+    const auto show = [this, lastFaction](const progress::Step& at) {
+        if (at.outerDone > 0)
+            pgEmphaty2->setValue(lastFaction > 0 ? static_cast<int>(at.outerDone - 1) : 1);
+        if (at.innerDone > 0)
+            pgEmphaty1->setValue(static_cast<int>(at.innerDone));
     };
+    const std::string folder = ProjectFolder();
     try {
-        reputation::CompileEmphaty(ProjectFolder(), factions, rows, progress);
+        progressrun::Run(
+            [&](const progress::Report& report) {
+                reputation::CompileEmphaty(folder, factions, rows, report);
+            },
+            show);
     } catch (const std::exception& error) {
         dialogs.ShowError(QStringLiteral("Emphaty.ini was not compiled: ") +
                           Dialogs::Describe(error));
         return;
     }
     try {
-        session.WriteProtocol("Emphaty.ini compiled...");
+        session.WriteProtocol(protocol::EmphatyCompiled);
     } catch (const std::exception& error) {
         dialogs.ShowError(QStringLiteral("The protocol could not be written: ") +
                           Dialogs::Describe(error));

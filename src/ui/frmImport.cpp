@@ -1,5 +1,6 @@
 #include "ui/frmImport.h"
 
+#include "core/ProtocolLines.h"
 #include "core/platform.h"
 #include "import/Import.h"
 #include "ui/Dialogs.h"
@@ -93,7 +94,7 @@ void frmImport::btnImport_Click() {
     ShowFolder(importer::ReputationFolder(session.appDir));
     session.loadFactionRegistry();
     try {
-        session.WriteProtocol("Original imported...");
+        session.WriteProtocol(protocol::OriginalImported);
     } catch (const std::exception& error) {
         dialogs.ShowError(QStringLiteral("The protocol could not be written:\n") +
                           Dialogs::Describe(error));

@@ -1,6 +1,7 @@
 #include "ui/frmMain.h"
 
 #include "core/modFunctions.h"
+#include "core/ProtocolLines.h"
 #include "core/names.h"
 #include "core/txtReadWrite.h"
 #include "ui/Captions.h"
@@ -426,7 +427,7 @@ void frmMain::CreateProject(const QString& name) {
     }
     RefreshProjectList();
     try {
-        session.WriteProtocol("Project created.");
+        session.WriteProtocol(protocol::ProjectCreated);
     } catch (const std::exception& error) {
         CreateProjectError(PathNotFound, Dialogs::Describe(error));
     }
