@@ -298,6 +298,20 @@ void FactionPropsPage::AddFactions(const std::vector<modFunctions::RegistryEntry
     cboFP_group->setEditText(shown);
 }
 
+bool FactionPropsPage::ChooseFaction(const std::string& nickname) {
+    const int index =
+        cboFP_group->findText(text::ToQt(nickname), Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (index < 0)
+        return false;
+    cboFP_group->setCurrentIndex(index);
+    cboFP_group_Click();
+    return true;
+}
+
+void FactionPropsPage::ShowFirstList() {
+    SSTab2->setCurrentIndex(0);
+}
+
 // ---- helpers ----
 
 std::string FactionPropsPage::ShownFaction() const {
@@ -561,7 +575,7 @@ void FactionPropsPage::VantelButton8_Click() {
 
 void FactionPropsPage::AddBodypart(const QString& entry) {
     // The faction shown now, in the project that lblActiveProject names.
-    AddEntry(lstFPBodyparts, fp::PickList::Bodyparts, entry, session.activeProjectCaption());
+    AddEntry(lstFPBodyparts, fp::PickList::Bodyparts, entry, session.ActiveProjectCaption());
 }
 
 void FactionPropsPage::VantelButton9_Click() {

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-struct Session;
+class Session;
 class Dialogs;
 class QComboBox;
 class QLabel;
@@ -30,6 +30,9 @@ public:
     ~FactionPropsPage() override;
     void ClearFactions() override;
     void AddFactions(const std::vector<modFunctions::RegistryEntry>& entries) override;
+    bool ChooseFaction(const std::string& nickname) override;
+    // Shows the first of the list tabs (ships).
+    void ShowFirstList();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

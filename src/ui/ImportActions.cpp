@@ -68,7 +68,7 @@ void ImportActions::btnImportAll_Click() {
         dialogs.ShowError(QStringLiteral("Nothing was imported:\n") + Dialogs::Describe(error));
         return;
     }
-    session.loadFactionRegistry();
+    emit session.RegistryChanged();
     pgImportAll->setValue(0);
     if (!result.refused.empty()) {
         QString text = QStringLiteral("These library entries were not imported:");

@@ -128,6 +128,15 @@ void InitialWorldPage::AddFactions(const std::vector<modFunctions::RegistryEntry
     cboInit_group->setCurrentIndex(-1);
 }
 
+bool InitialWorldPage::ChooseFaction(const std::string& nickname) {
+    const int index = cboInit_group->findText(text::ToQt(nickname), Qt::MatchExactly);
+    if (index < 0)
+        return false;
+    cboInit_group->setCurrentIndex(index);
+    cboInit_group_Click();
+    return true;
+}
+
 std::string InitialWorldPage::DataFile() const {
     return initialworld::DataFile(session.ProjectPath());
 }

@@ -12,7 +12,7 @@ class QLineEdit;
 class QProgressBar;
 class QTreeWidget;
 class VantelButton;
-struct Session;
+class Session;
 class Dialogs;
 
 class InitialWorldPage : public QWidget, public RegistryView {
@@ -21,6 +21,7 @@ public:
     InitialWorldPage(Session& session, Dialogs& dialogs, QWidget* parent = nullptr);
     void ClearFactions() override;
     void AddFactions(const std::vector<modFunctions::RegistryEntry>& entries) override;
+    bool ChooseFaction(const std::string& nickname) override;
 
 private slots:
     void cboInit_group_Click();

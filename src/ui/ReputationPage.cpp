@@ -180,6 +180,15 @@ void ReputationPage::AddFactions(const std::vector<modFunctions::RegistryEntry>&
         cboemphaty_group->setCurrentIndex(-1);
 }
 
+bool ReputationPage::ChooseFaction(const std::string& nickname) {
+    const int index = cboemphaty_group->findData(Bytes(nickname));
+    if (index < 0)
+        return false;
+    cboemphaty_group->setCurrentIndex(index);
+    cboemphaty_group_Click();
+    return true;
+}
+
 // ---- editing ----
 
 std::string ReputationPage::ProjectFolder() const {

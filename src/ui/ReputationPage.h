@@ -8,7 +8,7 @@
 #include <array>
 #include <string>
 
-struct Session;
+class Session;
 class Dialogs;
 class QCheckBox;
 class QComboBox;
@@ -23,6 +23,7 @@ public:
     ReputationPage(Session& session, Dialogs& dialogs, QWidget* parent = nullptr);
     void ClearFactions() override;
     void AddFactions(const std::vector<modFunctions::RegistryEntry>& entries) override;
+    bool ChooseFaction(const std::string& nickname) override;
 
 private slots:
     void cboemphaty_group_Click();

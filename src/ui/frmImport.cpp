@@ -79,7 +79,7 @@ void frmImport::File1_Click(QListWidgetItem* item) {
 void frmImport::btnImport_Click() {
     if (chosenNickname.empty())
         return;
-    if (session.activeProjectCaption().empty()) {
+    if (session.ActiveProjectCaption().empty()) {
         dialogs.ShowError(QStringLiteral("No project is loaded; nothing was imported."));
         return;
     }
@@ -92,7 +92,7 @@ void frmImport::btnImport_Click() {
         return;
     }
     ShowFolder(importer::ReputationFolder(session.appDir));
-    session.loadFactionRegistry();
+    emit session.RegistryChanged();
     try {
         session.WriteProtocol(protocol::OriginalImported);
     } catch (const std::exception& error) {

@@ -75,7 +75,7 @@ private slots:
         session = std::make_unique<Session>();
         session->appDir = folder->path();
         session->ActiveProject = "p";
-        session->activeProjectCaption = [] { return std::string("p"); };
+        session->SetActiveProjectCaption("p");
         dialogs = std::make_unique<ScriptedDialogs>();
         page = std::make_unique<FactionPropsPage>(*session, *dialogs);
         page->AddFactions({{"li_p_grp", "Liberty", "0.0"}, {"x", "x", "0.0"}});

@@ -61,7 +61,7 @@ void InitialWorldPageTest::init() {
     modFunctions::CreateProjectFolders(app->path(), "Mod");
     session.appDir = app->path();
     session.ActiveProject = "Mod";
-    session.activeProjectCaption = [] { return std::string("Mod"); };
+    session.SetActiveProjectCaption("Mod");
     dialogs = std::make_unique<ScriptedDialogs>();
     page = std::make_unique<InitialWorldPage>(session, *dialogs);
     page->AddFactions({{"li_police", "Liberty", "0.7"}, {"rh_grp", "Rheinland", "0.0"}});
