@@ -237,6 +237,13 @@ FactionPropsPage::FactionPropsPage(Session& session, Dialogs& dialogs, QWidget* 
     page->addLayout(bottom);
 
     connect(cboFP_group, &QComboBox::activated, this, &FactionPropsPage::cboFP_group_Click);
+    connect(cboFP_group, &QComboBox::editTextChanged, this,
+            &FactionPropsPage::cboFP_group_TextChanged);
+    factionControls = {legality,        plurality,      jump,        cboFPprefix,
+                       cboFPmc,         txtFPNameMale,  txtFPFemale, txtFPLastname,
+                       txtFPrank,       txtFPformation, txtFPlsd,    txtFPlsn,
+                       cboFPScanFracht, txtFPScan,      SSTab2};
+    cboFP_group_TextChanged(cboFP_group->currentText());
     const auto onSelected = [this](QRadioButton* option, void (FactionPropsPage::*handler)()) {
         connect(option, &QRadioButton::toggled, this, [this, handler](bool on) {
             if (on)
@@ -312,6 +319,37 @@ void FactionPropsPage::ShowFirstList() {
     SSTab2->setCurrentIndex(0);
 }
 
+void FactionPropsPage::cboFP_group_TextChanged(const QString& text) {
+    const bool shown = !text.isEmpty();
+    if (!shown)
+        ShowInitialValues();
+    for (QWidget* control : factionControls)
+        control->setEnabled(shown);
+}
+
+void FactionPropsPage::ShowInitialValues() {
+    // Nothing is stored: no faction is shown to store it under.
+    QList<QWidget*> quiet;
+    for (QWidget* control : factionControls)
+        quiet << control << control->findChildren<QWidget*>();
+    for (QWidget* widget : quiet)
+        widget->blockSignals(true);
+    Option1->setChecked(true);
+    Option3->setChecked(true);
+    Option5->setChecked(true);
+    for (QComboBox* combo : {cboFPprefix, cboFPmc})
+        combo->setEditText(QString());
+    for (QLineEdit* box :
+         {txtFPNameMale, txtFPFemale, txtFPLastname, txtFPrank, txtFPformation, txtFPlsd, txtFPlsn})
+        box->clear();
+    cboFPScanFracht->setEditText(QString::fromLatin1(fp::value::ScanAnnounceDefault));
+    txtFPScan->setText(QString::fromLatin1(fp::value::ScanChanceDefault));
+    for (QListWidget* list : {lstFPShips, lstFPVoice, lstFPBodyparts, lstFPscan, lstFPformation})
+        list->clear();
+    for (QWidget* widget : quiet)
+        widget->blockSignals(false);
+}
+
 // ---- helpers ----
 
 std::string FactionPropsPage::ShownFaction() const {
@@ -360,8 +398,13 @@ bool FactionPropsPage::WriteList(QListWidget* list, fp::PickList kind, const std
 void FactionPropsPage::AddEntry(QListWidget* list, fp::PickList kind, const QString& entry,
                                 const std::string& project) {
     const std::string faction = ShownFaction();
-    if (faction.empty())
+    if (faction.empty()) {
+        // The body-part dialog can outlive the choice (a reload empties the picker).
+        ReportError(QStringLiteral("No faction is chosen on the page Faction_Prop.ini, so "
+                                   "\"%1\" was not added. Choose a faction and add it again.")
+                        .arg(entry));
         return;
+    }
     list->addItem(entry);
     // The list box shows what is on disk.
     if (!WriteList(list, kind, project, faction))

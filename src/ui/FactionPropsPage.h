@@ -92,6 +92,10 @@ private:
                    const std::string& faction);
     void LoadLists(const std::string& faction);
     void ReportError(const QString& text);
+    // With no faction shown in the picker the property and list controls show their initial
+    // values and take no edits; a nickname shown (picked or typed) makes them editable.
+    void cboFP_group_TextChanged(const QString& text);
+    void ShowInitialValues();
 
     Session& session;
     Dialogs& dialogs;
@@ -149,4 +153,5 @@ private:
     QProgressBar* pgFP2;
 
     QPointer<frmFPBodyparts> bodyparts;
+    QList<QWidget*> factionControls; // what edits the shown faction's sheet and lists
 };

@@ -20,6 +20,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
+#include <QSignalBlocker>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -105,6 +106,9 @@ InitialWorldPage::InitialWorldPage(Session& session, Dialogs& dialogs, QWidget* 
 
     // Only a user's choice loads a faction; filling the picker does not.
     connect(cboInit_group, &QComboBox::activated, this, &InitialWorldPage::cboInit_group_Click);
+    connect(cboInit_group, &QComboBox::currentIndexChanged, this,
+            &InitialWorldPage::cboInit_group_Chosen);
+    cboInit_group_Chosen(cboInit_group->currentIndex());
     connect(txtInitName, &QLineEdit::textChanged, this, &InitialWorldPage::txtInitName_Change);
     connect(txtInitShortName, &QLineEdit::textChanged, this,
             &InitialWorldPage::txtInitShortName_Change);
@@ -135,6 +139,18 @@ bool InitialWorldPage::ChooseFaction(const std::string& nickname) {
     cboInit_group->setCurrentIndex(index);
     cboInit_group_Click();
     return true;
+}
+
+void InitialWorldPage::cboInit_group_Chosen(int index) {
+    const bool chosen = index >= 0;
+    for (QLineEdit* box : {txtInitName, txtInitShortName, txtInitInfo}) {
+        if (!chosen) {
+            // Nothing is stored: there is no faction to store it for.
+            const QSignalBlocker quiet(box);
+            box->clear();
+        }
+        box->setEnabled(chosen);
+    }
 }
 
 std::string InitialWorldPage::DataFile() const {

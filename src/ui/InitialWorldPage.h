@@ -34,6 +34,8 @@ private slots:
 private:
     std::string DataFile() const;
     void StoreIds(std::string_view key, const QLineEdit* box);
+    // With no faction chosen the IDS boxes are empty and take no edits.
+    void cboInit_group_Chosen(int index);
 
     Session& session;
     Dialogs& dialogs;

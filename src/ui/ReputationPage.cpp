@@ -19,6 +19,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QProgressBar>
+#include <QSignalBlocker>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -143,6 +144,9 @@ ReputationPage::ReputationPage(Session& session, Dialogs& dialogs, QWidget* pare
     page->addLayout(bottom);
 
     connect(cboemphaty_group, &QComboBox::activated, this, &ReputationPage::cboemphaty_group_Click);
+    connect(cboemphaty_group, &QComboBox::currentIndexChanged, this,
+            &ReputationPage::cboemphaty_group_Chosen);
+    cboemphaty_group_Chosen(cboemphaty_group->currentIndex());
     connect(Combo1, &QComboBox::editTextChanged, this, &ReputationPage::Combo1_Change);
     connect(Combo2, &QComboBox::editTextChanged, this, &ReputationPage::Combo2_Change);
     connect(Combo3, &QComboBox::editTextChanged, this, &ReputationPage::Combo3_Change);
@@ -187,6 +191,18 @@ bool ReputationPage::ChooseFaction(const std::string& nickname) {
     cboemphaty_group->setCurrentIndex(index);
     cboemphaty_group_Click();
     return true;
+}
+
+void ReputationPage::cboemphaty_group_Chosen(int index) {
+    const bool chosen = index >= 0;
+    for (QComboBox* combo : eventCombos) {
+        if (!chosen) {
+            // Nothing is stored: there is no faction to store it for.
+            const QSignalBlocker quiet(combo);
+            combo->setEditText(text::ToQt(reputation::DefaultValue));
+        }
+        combo->setEnabled(chosen);
+    }
 }
 
 // ---- editing ----

@@ -42,6 +42,8 @@ private:
     // The chosen faction's nickname as file bytes; "" when none is chosen.
     std::string ChosenFaction() const;
     void StoreEvent(std::size_t event);
+    // With no faction chosen the event values show their default and take no edits.
+    void cboemphaty_group_Chosen(int index);
     std::string ProjectFolder() const;
 
     Session& session;
