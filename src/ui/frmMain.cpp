@@ -182,7 +182,8 @@ void frmMain::VantelButton1_Click() {
 }
 
 void frmMain::VantelButton3_Click() {
-    if (about) {
+    // A closed About window may still wait for its deletion: only a shown one is raised.
+    if (about && about->isVisible()) {
         about->raise();
         about->activateWindow();
         return;
