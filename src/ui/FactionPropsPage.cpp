@@ -198,19 +198,16 @@ FactionPropsPage::FactionPropsPage(Session& session, Dialogs& dialogs, QWidget* 
     for (const auto& [label, field] : {std::pair<QLabel*, QWidget*>{Label20, txtFPNameMale},
                                        {Label21, txtFPFemale},
                                        {Label22, txtFPLastname},
-                                       {Label29, cboFPScanFracht},
-                                       {Label15, lstFPShips},
-                                       {Label16, lstFPVoice},
-                                       {Label17, lstFPBodyparts},
-                                       {Label19, lstFPformation}})
+                                       {Label29, cboFPScanFracht}})
         label->setBuddy(field);
-    for (const auto& [field, name] : {std::pair<QWidget*, const char*>{lstFPscan, "Scan list"},
-                                      {cboFPShips, "Ship catalogue"},
-                                      {cboFPVoice, "Voice catalogue"},
-                                      {cboFPScan, "Scan catalogue"},
-                                      {cboFPFormation, "Formation class catalogue"},
-                                      {cboFPformation2, "Formation catalogue"},
-                                      {pgFP2, "Progress"}})
+    NameListsByTabs();
+    for (const auto& [field, name] :
+         {std::pair<QWidget*, const char*>{cboFPShips, "Ship catalogue"},
+          {cboFPVoice, "Voice catalogue"},
+          {cboFPScan, "Scan catalogue"},
+          {cboFPFormation, "Formation class catalogue"},
+          {cboFPformation2, "Formation catalogue"},
+          {pgFP2, "Progress"}})
         field->setAccessibleName(QString::fromLatin1(name));
 
     auto* top = new QHBoxLayout;
@@ -313,6 +310,18 @@ bool FactionPropsPage::ChooseFaction(const std::string& nickname) {
     cboFP_group->setCurrentIndex(index);
     cboFP_group_Click();
     return true;
+}
+
+void FactionPropsPage::NameListsByTabs() {
+    QListWidget* const lists[] = {lstFPShips, lstFPVoice, lstFPBodyparts, lstFPscan,
+                                  lstFPformation};
+    const QLabel* hints[] = {Label15, Label16, Label17, nullptr, Label19};
+    for (int tab = 0; tab < SSTab2->count() && tab < 5; ++tab) {
+        QListWidget* list = lists[tab];
+        list->setAccessibleName(SSTab2->tabText(tab));
+        if (hints[tab])
+            list->setAccessibleDescription(hints[tab]->text());
+    }
 }
 
 void FactionPropsPage::ShowFirstList() {

@@ -33,6 +33,9 @@ public:
     bool ChooseFaction(const std::string& nickname) override;
     // Shows the first of the list tabs (ships).
     void ShowFirstList();
+    // Screen readers name each pick list by its tab's caption and describe it by the hint
+    // below it; called again after a language switch.
+    void NameListsByTabs();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

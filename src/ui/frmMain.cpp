@@ -145,10 +145,14 @@ bool frmMain::ShowFaction(int page, const std::string& nickname) {
 
 void frmMain::German() {
     captions::Apply(*this, captions::Language::German);
+    if (factionPropsPage)
+        factionPropsPage->NameListsByTabs();
 }
 
 void frmMain::English() {
     captions::Apply(*this, captions::Language::English);
+    if (factionPropsPage)
+        factionPropsPage->NameListsByTabs();
 }
 
 void frmMain::VantelButton2_Click() {

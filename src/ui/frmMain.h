@@ -73,10 +73,10 @@ private:
     RegistryPanel* registryPanel; // Frame2
     SlideAnimation* slides;
 
-    ReputationPage* reputationPage;
-    FactionPropsPage* factionPropsPage;
-    InitialWorldPage* initialWorldPage;
-    XmlScriptPage* xmlScriptPage;
+    ReputationPage* reputationPage = nullptr;
+    FactionPropsPage* factionPropsPage = nullptr;
+    InitialWorldPage* initialWorldPage = nullptr;
+    XmlScriptPage* xmlScriptPage = nullptr;
 
     QPointer<frmAbout> about; // at most one About window at a time
 };

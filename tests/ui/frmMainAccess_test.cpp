@@ -5,6 +5,7 @@
 #include "support/TempFolder.h"
 #include "ui/Session.h"
 #include "ui/VantelButton.h"
+#include "ui/frmFPBodyparts.h"
 #include "ui/frmMain.h"
 #include "ui/support/ScriptedDialogs.h"
 
@@ -119,15 +120,25 @@ private slots:
             {"btnImport", "Importiere Original", "Import original"},
             {"btnImportAll", "Alle importieren", "Import all"},
         };
+        // The pick lists are named by their tabs' captions.
+        const char* const voices[] = {nullptr, "Stimmen", "Voice"};
         for (const int language : {1, 2, 1}) {
             for (const auto& row : expected)
                 QCOMPARE(AccessibleName(Get<QWidget>(row[0])), QString::fromUtf8(row[language]));
+            QCOMPARE(AccessibleName(Get<QWidget>("lstFPVoice")), QString(voices[language]));
             Get<VantelButton>("VantelButton2")->click();
         }
         // The main window is a window named by its title.
         QAccessibleInterface* main = QAccessible::queryAccessibleInterface(window.get());
         QCOMPARE(main->role(), QAccessible::Window);
         QCOMPARE(main->text(QAccessible::Name), QString("Orrindel 2.0 beta 2 || Halvex"));
+    }
+
+    void BodyPartCombosAreNamedByTheirLabels() {
+        frmFPBodyparts dialog;
+        QCOMPARE(AccessibleName(dialog.findChild<QComboBox*>("Combo1")), QString("Head"));
+        QCOMPARE(AccessibleName(dialog.findChild<QComboBox*>("Combo2")), QString("Body"));
+        QCOMPARE(AccessibleName(dialog.findChild<QComboBox*>("Combo3")), QString("Accessory"));
     }
 
     void QuestionMarkTwiceLeavesOneAboutWindow() {
