@@ -383,7 +383,7 @@ void FactionPropsPage::Store(std::string_view key, std::string_view value) {
         txtReadWrite::WriteIni(faction, key, value, file);
     } catch (const std::exception& error) {
         ReportError(QStringLiteral("\"%1\" could not be stored in %2: %3")
-                        .arg(text::ToQt(key), text::ToQt(file), Dialogs::Describe(error)));
+                        .arg(text::ToQt(key), text::NativePath(file), Dialogs::Describe(error)));
     }
 }
 
@@ -399,7 +399,7 @@ bool FactionPropsPage::WriteList(QListWidget* list, fp::PickList kind, const std
         return true;
     } catch (const std::exception& error) {
         ReportError(QStringLiteral("%1 could not be written: %2")
-                        .arg(text::ToQt(path), Dialogs::Describe(error)));
+                        .arg(text::NativePath(path), Dialogs::Describe(error)));
         return false;
     }
 }
@@ -686,21 +686,18 @@ void FactionPropsPage::btnCompileFP_Click() {
     pgFP2->setRange(0, std::max(1, cboFP_group->count()));
     pgFP2->setValue(0);
     const std::string folder = session.ProjectPath();
-    try {
-        progressrun::Run(
-            [&](const progress::Report& report) {
-                fp::CompileFactionProp(folder, factions, report);
-            },
-            [this](const progress::Step& at) { pgFP2->setValue(static_cast<int>(at.outerDone)); });
-    } catch (const std::exception& error) {
-        dialogs.ShowError(QStringLiteral("Faction_Prop.ini was not compiled: ") +
-                          Dialogs::Describe(error));
+    const bool compiled =
+        dialogs.Attempt(QStringLiteral("Faction_Prop.ini was not compiled."), [&] {
+            progressrun::Run(
+                [&](const progress::Report& report) {
+                    fp::CompileFactionProp(folder, factions, report);
+                },
+                [this](const progress::Step& at) {
+                    pgFP2->setValue(static_cast<int>(at.outerDone));
+                });
+        });
+    if (!compiled)
         return;
-    }
-    try {
-        session.WriteProtocol(protocol::FactionPropCompiled);
-    } catch (const std::exception& error) {
-        dialogs.ShowError(QStringLiteral("The protocol could not be written: ") +
-                          Dialogs::Describe(error));
-    }
+    dialogs.Attempt(QStringLiteral("The protocol could not be written."),
+                    [this] { session.WriteProtocol(protocol::FactionPropCompiled); });
 }

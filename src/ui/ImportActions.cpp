@@ -57,15 +57,15 @@ void ImportActions::btnImportAll_Click() {
     };
     const std::string folder = session.ProjectPath();
     importer::ImportAllResult result;
-    try {
+    const bool imported = dialogs.Attempt(QStringLiteral("Nothing was imported."), [&] {
         progressrun::Run(
             [&](const progress::Report& report) {
                 result = importer::ImportAllOriginalFactions(session.appDir, folder, report);
             },
             show);
-    } catch (const std::exception& error) {
+    });
+    if (!imported) {
         pgImportAll->setValue(0);
-        dialogs.ShowError(QStringLiteral("Nothing was imported:\n") + Dialogs::Describe(error));
         return;
     }
     emit session.RegistryChanged();
@@ -73,7 +73,7 @@ void ImportActions::btnImportAll_Click() {
     if (!result.refused.empty()) {
         QString text = QStringLiteral("These library entries were not imported:");
         for (const importer::LibraryError& refused : result.refused)
-            text += QStringLiteral("\n") + text::ToQt(refused.what());
+            text += QStringLiteral("\n") + Dialogs::Describe(refused);
         dialogs.ShowError(text);
     }
 }

@@ -242,21 +242,15 @@ void InitialWorldPage::VantelButton13_Click() {
         pgInit1->setValue(static_cast<int>(at.innerDone));
     };
     const std::string folder = session.ProjectPath();
-    try {
+    const bool compiled = dialogs.Attempt(QStringLiteral("Initialworld.ini was not created."), [&] {
         progressrun::Run(
             [&](const progress::Report& report) {
                 initialworld::CompileInitialWorld(folder, factions, rows, report);
             },
             show);
-    } catch (const std::exception& error) {
-        dialogs.ShowError(QStringLiteral("Initialworld.ini was not created: ") +
-                          Dialogs::Describe(error));
+    });
+    if (!compiled)
         return;
-    }
-    try {
-        session.WriteProtocol(protocol::InitialWorldCompiled);
-    } catch (const std::exception& error) {
-        dialogs.ShowError(QStringLiteral("The protocol could not be written: ") +
-                          Dialogs::Describe(error));
-    }
+    dialogs.Attempt(QStringLiteral("The protocol could not be written."),
+                    [this] { session.WriteProtocol(protocol::InitialWorldCompiled); });
 }

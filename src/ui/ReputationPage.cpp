@@ -349,21 +349,15 @@ void ReputationPage::btnEmphatySave_Click() {
             pgEmphaty1->setValue(static_cast<int>(at.innerDone));
     };
     const std::string folder = ProjectFolder();
-    try {
+    const bool compiled = dialogs.Attempt(QStringLiteral("Emphaty.ini was not compiled."), [&] {
         progressrun::Run(
             [&](const progress::Report& report) {
                 reputation::CompileEmphaty(folder, factions, rows, report);
             },
             show);
-    } catch (const std::exception& error) {
-        dialogs.ShowError(QStringLiteral("Emphaty.ini was not compiled: ") +
-                          Dialogs::Describe(error));
+    });
+    if (!compiled)
         return;
-    }
-    try {
-        session.WriteProtocol(protocol::EmphatyCompiled);
-    } catch (const std::exception& error) {
-        dialogs.ShowError(QStringLiteral("The protocol could not be written: ") +
-                          Dialogs::Describe(error));
-    }
+    dialogs.Attempt(QStringLiteral("The protocol could not be written."),
+                    [this] { session.WriteProtocol(protocol::EmphatyCompiled); });
 }
