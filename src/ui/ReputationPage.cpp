@@ -108,6 +108,8 @@ ReputationPage::ReputationPage(Session& session, Dialogs& dialogs, QWidget* pare
     lbl_emphaty_rms->setBuddy(Combo2);
     lbl_emphaty_rmf->setBuddy(Combo3);
     lbl_emphaty_rma->setBuddy(Combo4);
+    // A list view takes no name from a buddy label.
+    lv_emphaty->setAccessibleName(QStringLiteral("Empathy rates"));
     lblEmphatyList->setBuddy(lv_emphaty);
     lblAktuellEmp->setBuddy(pgEmphaty1);
     lblGesamtEmp->setBuddy(pgEmphaty2);

@@ -134,6 +134,25 @@ private slots:
         QCOMPARE(main->text(QAccessible::Name), QString("Orrindel 2.0 beta 2 || Halvex"));
     }
 
+    void EveryControlTheKeyboardReachesHasAName() {
+        LoadProject("P");
+        for (const bool english : {false, true}) {
+            QStringList nameless;
+            for (QWidget* widget : window->findChildren<QWidget*>()) {
+                // What Tab can reach: not the combo boxes' pop-up lists, not what never shows.
+                if (!(widget->focusPolicy() & Qt::TabFocus) || widget->focusProxy() ||
+                    widget->inherits("QTabBar") || widget->inherits("QComboBoxListView") ||
+                    widget->isHidden())
+                    continue;
+                if (AccessibleName(widget).trimmed().isEmpty())
+                    nameless << widget->objectName() + "/" + widget->metaObject()->className();
+            }
+            QVERIFY2(nameless.isEmpty(), qPrintable(nameless.join(", ")));
+            if (!english)
+                Get<VantelButton>("VantelButton2")->click();
+        }
+    }
+
     void BodyPartCombosAreNamedByTheirLabels() {
         frmFPBodyparts dialog;
         QCOMPARE(AccessibleName(dialog.findChild<QComboBox*>("Combo1")), QString("Head"));
