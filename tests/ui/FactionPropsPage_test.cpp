@@ -264,6 +264,18 @@ private slots:
                  "li_captain_head, li_male_elite_body, comm_br_elite\r\n\r\n");
         QVERIFY(!platform::IsFile(File("\\faction_prop\\Bodylist_li_p_grp.lst")));
         QVERIFY(!dialog->isVisible());
+
+        // A reload empties the picker while the dialog is open: "OK" is refused with a message.
+        Get<VantelButton>("VantelButton8")->click();
+        page->ClearFactions();
+        page->AddFactions({{"li_p_grp", "Liberty", "0.0"}, {"x", "x", "0.0"}});
+        QVERIFY(ok->isEnabled());
+        ok->click();
+        QCOMPARE(dialogs->shown.size(), std::size_t(1));
+        QVERIFY(dialogs->shown[0].text.contains("was not added"));
+        QCOMPARE(Get<QListWidget>("lstFPBodyparts")->count(), 0);
+        QCOMPARE(TempFolder::Read(File("\\faction_prop\\Bodylist_x.lst")),
+                 "li_captain_head, li_male_elite_body, comm_br_elite\r\n\r\n");
     }
 
     void FailedWritesAreShownNamingTheFile() {
