@@ -45,7 +45,7 @@ Project& TheProject() {
 void BM_CompileEmphaty(benchmark::State& state) {
     Project& project = TheProject();
     std::size_t calls = 0;
-    const auto progress = [&](const reputation::CompileProgress&) { ++calls; };
+    const auto progress = [&](const progress::Step&) { ++calls; };
     for (auto _ : state)
         reputation::CompileEmphaty(project.folder, project.factions, project.factions, progress);
     benchmark::DoNotOptimize(calls);

@@ -1,4 +1,5 @@
 #include "cli/Command.h"
+#include "core/ProtocolLines.h"
 #include "core/modFunctions.h"
 #include "core/names.h"
 #include "factionprops/FactionPropCompiler.h"
@@ -26,17 +27,17 @@ const std::vector<Compiler>& Compilers() {
          [](const std::string& folder, const std::vector<std::string>& factions) {
              reputation::CompileEmphaty(folder, factions, factions);
          },
-         "Emphaty.ini compiled..."},
+         protocol::EmphatyCompiled},
         {"faction_prop",
          [](const std::string& folder, const std::vector<std::string>& factions) {
              factionprops::CompileFactionProp(folder, factions);
          },
-         "Faction_Prop.ini created..."},
+         protocol::FactionPropCompiled},
         {"initialworld",
          [](const std::string& folder, const std::vector<std::string>& factions) {
              initialworld::CompileInitialWorld(folder, factions, factions);
          },
-         "Initialworld.ini created..."},
+         protocol::InitialWorldCompiled},
     };
     return compilers;
 }

@@ -1,4 +1,5 @@
 #include "cli/Command.h"
+#include "core/ProtocolLines.h"
 #include "core/modFunctions.h"
 
 namespace cli {
@@ -13,7 +14,7 @@ int RunCreate(const Arguments& args, Context& context) {
         return Failure(context, "a project \"" + args[0] + "\" exists already");
     try {
         modFunctions::CreateProjectFolders(context.appDir, *name);
-        modFunctions::WriteProtocol(context.appDir, *name, "Project created.");
+        modFunctions::WriteProtocol(context.appDir, *name, protocol::ProjectCreated);
     } catch (...) {
         // A failed command leaves nothing behind: the project did not exist before.
         modFunctions::DeleteProjectFolder(context.appDir, *name);

@@ -1,4 +1,5 @@
 #include "cli/Command.h"
+#include "core/ProtocolLines.h"
 #include "core/modFunctions.h"
 #include "core/names.h"
 #include "core/platform.h"
@@ -45,7 +46,7 @@ int RunImport(const Arguments& args, Context& context) {
                                      win1252::ToUtf8(error.what()));
             continue;
         }
-        modFunctions::WriteProtocol(context.appDir, *project, "Original imported...");
+        modFunctions::WriteProtocol(context.appDir, *project, protocol::OriginalImported);
     }
     return result;
 }

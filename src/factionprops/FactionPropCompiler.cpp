@@ -86,12 +86,14 @@ std::string CompiledFactionPropPath(const std::string& projectFolder) {
 }
 
 std::string FactionPropText(const std::string& projectFolder,
-                            const std::vector<std::string>& factions, const Progress& progress) {
+                            const std::vector<std::string>& factions,
+                            const progress::Report& report) {
     const auto sheets = txtReadWrite::ReadIniDocument(projectFolder + "\\faction_prop\\grp.ini");
     const ListFolder lists(projectFolder + "\\faction_prop");
     std::string text;
     text.reserve(factions.size() * 1024);
-    std::size_t done = 0;
+    progress::Step at{0, factions.size(), 0, 0};
+    progress::Tell(report, at);
     for (const std::string& n : factions) {
         const auto read = [&](std::string_view key, std::string_view defaultValue) {
             return sheets->Read(n, key, defaultValue);
@@ -118,15 +120,15 @@ std::string FactionPropText(const std::string& projectFolder,
         AppendOptional(text, "scan_chance = ", read(key::ScanChance, "0.0"));
         lists.AppendLines(text, kFormationPrefix, n, "formation = ");
         text += "\r\n";
-        if (progress)
-            progress(++done, factions.size());
+        ++at.outerDone;
+        progress::Tell(report, at);
     }
     return text;
 }
 
 void CompileFactionProp(const std::string& projectFolder, const std::vector<std::string>& factions,
-                        const Progress& progress) {
-    const std::string text = FactionPropText(projectFolder, factions, progress);
+                        const progress::Report& report) {
+    const std::string text = FactionPropText(projectFolder, factions, report);
     txtReadWrite::WriteFileText(CompiledFactionPropPath(projectFolder), text);
 }
 

@@ -1,28 +1,25 @@
 #pragma once
 // Joins every faction's property sheet and pick lists into the game's faction_prop.ini.
-#include <cstddef>
-#include <functional>
+#include "core/Progress.h"
+
 #include <string>
 #include <vector>
 
 namespace factionprops {
-
-// Called after each faction with the number done so far and the total.
-using Progress = std::function<void(std::size_t done, std::size_t total)>;
 
 // <project folder>\compiled\faction_prop.ini
 std::string CompiledFactionPropPath(const std::string& projectFolder);
 
 // The text of faction_prop.ini (without the final CR LF the writer adds): one
 // [FactionProps] block per faction, in the given order, each followed by an empty line.
-// projectFolder is "<app dir>\projects\<project>".
+// projectFolder is "<app dir>\projects\<project>". Progress counts factions (outer) only.
 std::string FactionPropText(const std::string& projectFolder,
                             const std::vector<std::string>& factions,
-                            const Progress& progress = {});
+                            const progress::Report& progress = {});
 
 // Builds the text and replaces the compiled file once; on failure the previous file stays.
 // Throws platform::FileError when the file cannot be written.
 void CompileFactionProp(const std::string& projectFolder, const std::vector<std::string>& factions,
-                        const Progress& progress = {});
+                        const progress::Report& progress = {});
 
 } // namespace factionprops

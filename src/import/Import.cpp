@@ -104,7 +104,7 @@ void ImportOriginalFaction(std::string_view appDir, std::string_view nickname,
 }
 
 ImportAllResult ImportAllOriginalFactions(std::string_view appDir, const std::string& projectFolder,
-                                          const ImportProgress& progress) {
+                                          const progress::Report& report) {
     std::vector<std::string> undecodable;
     const std::vector<std::string> entries =
         ListOriginalFactions(ReputationFolder(appDir), &undecodable);
@@ -158,7 +158,8 @@ ImportAllResult ImportAllOriginalFactions(std::string_view appDir, const std::st
                                     "the library name is refused: " +
                                         std::string(modFunctions::NameNotFromDisk));
 
-    progress.setMaximum(entries.empty() ? 0 : static_cast<int>(entries.size()) - 1);
+    progress::Step at{0, good.size(), 0, 0};
+    progress::Tell(report, at);
     // One transaction for the whole run: each file is parsed once and written once.
     txtReadWrite::Transaction transaction;
     for (std::size_t i = 0; i < good.size(); ++i) {
@@ -166,7 +167,8 @@ ImportAllResult ImportAllOriginalFactions(std::string_view appDir, const std::st
             WriteOriginalFaction(transaction, good[i], projectFolder);
             result.imported.push_back(good[i].nickname);
         }
-        progress.setValue(static_cast<int>(i));
+        at.outerDone = i + 1;
+        progress::Tell(report, at);
     }
     transaction.Commit();
     return result;

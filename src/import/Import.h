@@ -2,10 +2,10 @@
 // Copying library factions into a project: one faction (the import dialog, `import`) or the
 // whole library (`import-all`). Every entry is read and checked completely before anything
 // is written, and the writes of one run reach the disk together or not at all.
+#include "core/Progress.h"
 #include "core/txtReadWrite.h"
 #include "import/OriginalLibrary.h"
 
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,12 +34,6 @@ void WriteOriginalFaction(txtReadWrite::Transaction& transaction, const Original
 void ImportOriginalFaction(std::string_view appDir, std::string_view nickname,
                            const std::string& projectFolder);
 
-// Progress of import all: the maximum once, then the value after each entry.
-struct ImportProgress {
-    std::function<void(int)> setMaximum = [](int) {};
-    std::function<void(int)> setValue = [](int) {};
-};
-
 struct ImportAllResult {
     std::vector<std::string> imported; // nicknames, in list order
     // In list order, then the names that only the other two folders hold.
@@ -48,9 +42,9 @@ struct ImportAllResult {
 
 // Imports every library entry (the reputation folder's list, each entry's files paired by
 // name) into the project. Every entry is checked first; refused ones are skipped and
-// returned. The good ones are written in one transaction. The progress maximum is n - 1
-// (0 for an empty library) and the value after entry i is i; resetting it is the caller's.
+// returned. The good ones are written in one transaction. Progress counts the entries (outer):
+// once before the first, then after each one, refused ones included.
 ImportAllResult ImportAllOriginalFactions(std::string_view appDir, const std::string& projectFolder,
-                                          const ImportProgress& progress = {});
+                                          const progress::Report& progress = {});
 
 } // namespace importer

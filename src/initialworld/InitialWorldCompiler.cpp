@@ -25,11 +25,6 @@ constexpr std::string_view Header = "//Warning: The Orrindel 2.0 can't know your
                                     "benutzt.\r\n"
                                     "\r\n\r\n\r\n\r\n";
 
-template <typename F, typename... Args> void Notify(const F& callback, Args... args) {
-    if (callback)
-        callback(args...);
-}
-
 } // namespace
 
 std::string CompiledFile(std::string_view projectFolder) {
@@ -37,14 +32,15 @@ std::string CompiledFile(std::string_view projectFolder) {
 }
 
 std::string CompiledText(const IniDocument& data, const std::vector<std::string>& factions,
-                         const std::vector<std::string>& rows, const CompileProgress& progress) {
+                         const std::vector<std::string>& rows, const progress::Report& report) {
     std::size_t rowBytes = 0;
     for (const std::string& row : rows)
         rowBytes += row.size() + 16;
     std::string text(Header);
     text.reserve(Header.size() + factions.size() * (rowBytes + 96));
 
-    Notify(progress.started, factions.size());
+    progress::Step at{0, factions.size(), 0, rows.size()};
+    progress::Tell(report, at);
     for (std::size_t i = 0; i < factions.size(); ++i) {
         const std::string& faction = factions[i];
         text += "[Group]\r\nnickname = ";
@@ -56,9 +52,13 @@ std::string CompiledText(const IniDocument& data, const std::vector<std::string>
         text += "\r\nids_short_name = ";
         text += data.Read(faction, IdsShortName, "");
         text += CrLf;
-        Notify(progress.factionStarted, rows.size());
+        at.innerDone = 0;
+        progress::Tell(report, at);
         for (std::size_t j = 0; j < rows.size(); ++j) {
-            Notify(progress.rowDone, j + 1);
+            if (report) {
+                at.innerDone = j + 1;
+                report(at);
+            }
             text += "rep = ";
             text += data.Read(faction, rows[j], "0.0");
             text += ", ";
@@ -66,16 +66,17 @@ std::string CompiledText(const IniDocument& data, const std::vector<std::string>
             text += CrLf;
         }
         text += CrLf;
-        Notify(progress.factionDone, i + 1);
+        at.outerDone = i + 1;
+        progress::Tell(report, at);
     }
     return text;
 }
 
 void CompileInitialWorld(std::string_view projectFolder, const std::vector<std::string>& factions,
-                         const std::vector<std::string>& rows, const CompileProgress& progress) {
+                         const std::vector<std::string>& rows, const progress::Report& report) {
     const auto data = txtReadWrite::ReadIniDocument(DataFile(projectFolder));
     txtReadWrite::WriteFileText(CompiledFile(projectFolder),
-                                CompiledText(*data, factions, rows, progress));
+                                CompiledText(*data, factions, rows, report));
 }
 
 } // namespace initialworld

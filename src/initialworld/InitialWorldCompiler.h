@@ -1,8 +1,8 @@
 #pragma once
 // Builds compiled\initialworld.ini: the comment block, then one "[Group]" section per
 // faction with its IDS values and a reputation line toward every row faction.
-#include <cstddef>
-#include <functional>
+#include "core/Progress.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,23 +14,16 @@ namespace initialworld {
 // <project folder>\compiled\initialworld.ini
 std::string CompiledFile(std::string_view projectFolder);
 
-// How far a compile has got, for the two progress bars; any of them may be empty.
-struct CompileProgress {
-    std::function<void(std::size_t factionCount)> started;
-    std::function<void(std::size_t rowCount)> factionStarted; // rows of this faction: 0 done
-    std::function<void(std::size_t rowsDone)> rowDone;
-    std::function<void(std::size_t factionsDone)> factionDone;
-};
-
+// Progress: the factions are the outer count, the rows of each faction the inner one.
 // The whole file as it is written (without the line end that the file writer adds).
 std::string CompiledText(const IniDocument& data, const std::vector<std::string>& factions,
                          const std::vector<std::string>& rows,
-                         const CompileProgress& progress = {});
+                         const progress::Report& progress = {});
 
 // Reads the project's initial-world file once and replaces the compiled file in one step;
 // a failure leaves the previous output as it was. Throws platform::FileError.
 void CompileInitialWorld(std::string_view projectFolder, const std::vector<std::string>& factions,
                          const std::vector<std::string>& rows,
-                         const CompileProgress& progress = {});
+                         const progress::Report& progress = {});
 
 } // namespace initialworld

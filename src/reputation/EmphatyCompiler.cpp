@@ -41,15 +41,13 @@ void DeleteLeftoverScratchFiles(const std::string& projectFolder,
 } // namespace
 
 std::string EmphatyText(const std::string& projectFolder, const std::vector<std::string>& factions,
-                        const std::vector<std::string>& rows, const ProgressCallback& progress) {
+                        const std::vector<std::string>& rows, const progress::Report& report) {
     const auto events = txtReadWrite::LoadIni(EventFile(projectFolder));
     std::string out;
-    CompileProgress at;
-    at.factions = factions.size();
-    at.rows = rows.size();
+    progress::Step at{0, factions.size(), 0, rows.size()};
+    progress::Tell(report, at);
     for (std::size_t i = 0; i < factions.size(); ++i) {
         const std::string& g = factions[i];
-        at.faction = i;
         // Each block is preceded by two line ends and followed by one.
         out.append(CrLf).append(CrLf);
         AppendLine(out, "[RepChangeEffects]");
@@ -62,34 +60,31 @@ std::string EmphatyText(const std::string& projectFolder, const std::vector<std:
             if (row != g)
                 AppendLine(out, "emphaty_rate = ", row, ", ",
                            rates->Read(row, "rep", DefaultValue));
-            if (progress) {
-                at.row = j + 1;
-                at.factionDone = false;
-                progress(at);
+            if (report) {
+                at.innerDone = j + 1;
+                report(at);
             }
         }
         out.append(CrLf);
         // The blocks are alike in size: reserve for all of them once the first is known.
         if (i == 0)
             out.reserve(out.size() * factions.size() + out.size() / 8);
-        if (progress) {
-            at.row = rows.size();
-            at.factionDone = true;
-            progress(at);
-        }
+        at.outerDone = i + 1;
+        at.innerDone = rows.size();
+        progress::Tell(report, at);
     }
     return out;
 }
 
 void CompileEmphaty(const std::string& projectFolder, const std::vector<std::string>& factions,
-                    const std::vector<std::string>& rows, const ProgressCallback& progress) {
+                    const std::vector<std::string>& rows, const progress::Report& report) {
     const std::string output = CompiledFile(projectFolder);
     DeleteLeftoverScratchFiles(projectFolder, factions);
     if (factions.empty()) {
         platform::DeleteFile(output);
         return;
     }
-    platform::ReplaceFile(output, EmphatyText(projectFolder, factions, rows, progress));
+    platform::ReplaceFile(output, EmphatyText(projectFolder, factions, rows, report));
 }
 
 } // namespace reputation

@@ -1,5 +1,9 @@
 #include "ui/Dialogs.h"
 
+#include "core/names.h"
+#include "core/platform.h"
+#include "core/txtReadWrite.h"
+#include "import/OriginalLibrary.h"
 #include "ui/Text.h"
 
 #include <QInputDialog>
@@ -18,6 +22,30 @@ void QtDialogs::MessageBox(QMessageBox::Icon icon, const QString& title, const Q
 }
 
 QString Dialogs::Describe(const std::exception& error) {
-    // Core messages carry names and paths as file bytes.
-    return text::ToQt(error.what());
+    // Core messages carry names and paths as file bytes; the path they name is shown as the
+    // system writes paths.
+    QString message = text::ToQt(error.what());
+    const std::string* file = nullptr;
+    if (const auto* fileError = dynamic_cast<const platform::FileError*>(&error))
+        file = &fileError->path();
+    else if (const auto* iniError = dynamic_cast<const IniWriteError*>(&error))
+        file = &iniError->file();
+    else if (const auto* libraryError = dynamic_cast<const importer::LibraryError*>(&error))
+        file = &libraryError->file();
+    if (file && !file->empty())
+        message.replace(text::ToQt(*file), text::NativePath(*file));
+    return message;
+}
+
+bool Dialogs::Attempt(const QString& failure, const std::function<void()>& call) {
+    try {
+        call();
+        return true;
+    } catch (const names::NameRefused& error) {
+        ShowError(Describe(error));
+    } catch (const std::exception& error) {
+        ShowError(failure.isEmpty() ? Describe(error)
+                                    : failure + QStringLiteral("\r\n") + Describe(error));
+    }
+    return false;
 }

@@ -3,6 +3,7 @@
 #include <QMessageBox>
 #include <QString>
 #include <exception>
+#include <functional>
 
 class QWidget;
 
@@ -19,8 +20,14 @@ public:
         MessageBox(QMessageBox::Critical, ApplicationTitle(), text);
     }
     static QString ApplicationTitle() { return QStringLiteral("Orrindel 2.0 beta 2 || Halvex"); }
-    // An error of the core in the user's words: its message names the file and the reason.
+    // An error of the core in the user's words: its message names the file (with the
+    // system's own separators) and the reason.
     static QString Describe(const std::exception& error);
+
+    // Runs a handler's core call. A failure is shown as `failure` (what could not be done)
+    // followed by the core's description, or the description alone for a refused name; the
+    // result is false then.
+    bool Attempt(const QString& failure, const std::function<void()>& call);
 };
 
 // The real modal boxes, parented to a window.

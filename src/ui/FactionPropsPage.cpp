@@ -1,5 +1,6 @@
 #include "ui/FactionPropsPage.h"
 
+#include "core/ProtocolLines.h"
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
 #include "factionprops/Catalogues.h"
@@ -7,6 +8,7 @@
 #include "factionprops/PropertySheet.h"
 #include "ui/Dialogs.h"
 #include "ui/Named.h"
+#include "ui/ProgressRun.h"
 #include "ui/Session.h"
 #include "ui/Text.h"
 #include "ui/VantelButton.h"
@@ -196,19 +198,16 @@ FactionPropsPage::FactionPropsPage(Session& session, Dialogs& dialogs, QWidget* 
     for (const auto& [label, field] : {std::pair<QLabel*, QWidget*>{Label20, txtFPNameMale},
                                        {Label21, txtFPFemale},
                                        {Label22, txtFPLastname},
-                                       {Label29, cboFPScanFracht},
-                                       {Label15, lstFPShips},
-                                       {Label16, lstFPVoice},
-                                       {Label17, lstFPBodyparts},
-                                       {Label19, lstFPformation}})
+                                       {Label29, cboFPScanFracht}})
         label->setBuddy(field);
-    for (const auto& [field, name] : {std::pair<QWidget*, const char*>{lstFPscan, "Scan list"},
-                                      {cboFPShips, "Ship catalogue"},
-                                      {cboFPVoice, "Voice catalogue"},
-                                      {cboFPScan, "Scan catalogue"},
-                                      {cboFPFormation, "Formation class catalogue"},
-                                      {cboFPformation2, "Formation catalogue"},
-                                      {pgFP2, "Progress"}})
+    NameListsByTabs();
+    for (const auto& [field, name] :
+         {std::pair<QWidget*, const char*>{cboFPShips, "Ship catalogue"},
+          {cboFPVoice, "Voice catalogue"},
+          {cboFPScan, "Scan catalogue"},
+          {cboFPFormation, "Formation class catalogue"},
+          {cboFPformation2, "Formation catalogue"},
+          {pgFP2, "Progress"}})
         field->setAccessibleName(QString::fromLatin1(name));
 
     auto* top = new QHBoxLayout;
@@ -235,6 +234,13 @@ FactionPropsPage::FactionPropsPage(Session& session, Dialogs& dialogs, QWidget* 
     page->addLayout(bottom);
 
     connect(cboFP_group, &QComboBox::activated, this, &FactionPropsPage::cboFP_group_Click);
+    connect(cboFP_group, &QComboBox::editTextChanged, this,
+            &FactionPropsPage::cboFP_group_TextChanged);
+    factionControls = {legality,        plurality,      jump,        cboFPprefix,
+                       cboFPmc,         txtFPNameMale,  txtFPFemale, txtFPLastname,
+                       txtFPrank,       txtFPformation, txtFPlsd,    txtFPlsn,
+                       cboFPScanFracht, txtFPScan,      SSTab2};
+    cboFP_group_TextChanged(cboFP_group->currentText());
     const auto onSelected = [this](QRadioButton* option, void (FactionPropsPage::*handler)()) {
         connect(option, &QRadioButton::toggled, this, [this, handler](bool on) {
             if (on)
@@ -296,6 +302,63 @@ void FactionPropsPage::AddFactions(const std::vector<modFunctions::RegistryEntry
     cboFP_group->setEditText(shown);
 }
 
+bool FactionPropsPage::ChooseFaction(const std::string& nickname) {
+    const int index =
+        cboFP_group->findText(text::ToQt(nickname), Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (index < 0)
+        return false;
+    cboFP_group->setCurrentIndex(index);
+    cboFP_group_Click();
+    return true;
+}
+
+void FactionPropsPage::NameListsByTabs() {
+    QListWidget* const lists[] = {lstFPShips, lstFPVoice, lstFPBodyparts, lstFPscan,
+                                  lstFPformation};
+    const QLabel* hints[] = {Label15, Label16, Label17, nullptr, Label19};
+    for (int tab = 0; tab < SSTab2->count() && tab < 5; ++tab) {
+        QListWidget* list = lists[tab];
+        list->setAccessibleName(SSTab2->tabText(tab));
+        if (hints[tab])
+            list->setAccessibleDescription(hints[tab]->text());
+    }
+}
+
+void FactionPropsPage::ShowFirstList() {
+    SSTab2->setCurrentIndex(0);
+}
+
+void FactionPropsPage::cboFP_group_TextChanged(const QString& text) {
+    const bool shown = !text.isEmpty();
+    if (!shown)
+        ShowInitialValues();
+    for (QWidget* control : factionControls)
+        control->setEnabled(shown);
+}
+
+void FactionPropsPage::ShowInitialValues() {
+    // Nothing is stored: no faction is shown to store it under.
+    QList<QWidget*> quiet;
+    for (QWidget* control : factionControls)
+        quiet << control << control->findChildren<QWidget*>();
+    for (QWidget* widget : quiet)
+        widget->blockSignals(true);
+    Option1->setChecked(true);
+    Option3->setChecked(true);
+    Option5->setChecked(true);
+    for (QComboBox* combo : {cboFPprefix, cboFPmc})
+        combo->setEditText(QString());
+    for (QLineEdit* box :
+         {txtFPNameMale, txtFPFemale, txtFPLastname, txtFPrank, txtFPformation, txtFPlsd, txtFPlsn})
+        box->clear();
+    cboFPScanFracht->setEditText(QString::fromLatin1(fp::value::ScanAnnounceDefault));
+    txtFPScan->setText(QString::fromLatin1(fp::value::ScanChanceDefault));
+    for (QListWidget* list : {lstFPShips, lstFPVoice, lstFPBodyparts, lstFPscan, lstFPformation})
+        list->clear();
+    for (QWidget* widget : quiet)
+        widget->blockSignals(false);
+}
+
 // ---- helpers ----
 
 std::string FactionPropsPage::ShownFaction() const {
@@ -320,7 +383,7 @@ void FactionPropsPage::Store(std::string_view key, std::string_view value) {
         txtReadWrite::WriteIni(faction, key, value, file);
     } catch (const std::exception& error) {
         ReportError(QStringLiteral("\"%1\" could not be stored in %2: %3")
-                        .arg(text::ToQt(key), text::ToQt(file), Dialogs::Describe(error)));
+                        .arg(text::ToQt(key), text::NativePath(file), Dialogs::Describe(error)));
     }
 }
 
@@ -336,7 +399,7 @@ bool FactionPropsPage::WriteList(QListWidget* list, fp::PickList kind, const std
         return true;
     } catch (const std::exception& error) {
         ReportError(QStringLiteral("%1 could not be written: %2")
-                        .arg(text::ToQt(path), Dialogs::Describe(error)));
+                        .arg(text::NativePath(path), Dialogs::Describe(error)));
         return false;
     }
 }
@@ -344,8 +407,13 @@ bool FactionPropsPage::WriteList(QListWidget* list, fp::PickList kind, const std
 void FactionPropsPage::AddEntry(QListWidget* list, fp::PickList kind, const QString& entry,
                                 const std::string& project) {
     const std::string faction = ShownFaction();
-    if (faction.empty())
+    if (faction.empty()) {
+        // The body-part dialog can outlive the choice (a reload empties the picker).
+        ReportError(QStringLiteral("No faction is chosen on the page Faction_Prop.ini, so "
+                                   "\"%1\" was not added. Choose a faction and add it again.")
+                        .arg(entry));
         return;
+    }
     list->addItem(entry);
     // The list box shows what is on disk.
     if (!WriteList(list, kind, project, faction))
@@ -559,7 +627,7 @@ void FactionPropsPage::VantelButton8_Click() {
 
 void FactionPropsPage::AddBodypart(const QString& entry) {
     // The faction shown now, in the project that lblActiveProject names.
-    AddEntry(lstFPBodyparts, fp::PickList::Bodyparts, entry, session.activeProjectCaption());
+    AddEntry(lstFPBodyparts, fp::PickList::Bodyparts, entry, session.ActiveProjectCaption());
 }
 
 void FactionPropsPage::VantelButton9_Click() {
@@ -618,19 +686,18 @@ void FactionPropsPage::btnCompileFP_Click() {
     pgFP2->setRange(0, std::max(1, cboFP_group->count()));
     pgFP2->setValue(0);
     const std::string folder = session.ProjectPath();
-    try {
-        fp::CompileFactionProp(folder, factions, [this](std::size_t done, std::size_t) {
-            pgFP2->setValue(static_cast<int>(done));
+    const bool compiled =
+        dialogs.Attempt(QStringLiteral("Faction_Prop.ini was not compiled."), [&] {
+            progressrun::Run(
+                [&](const progress::Report& report) {
+                    fp::CompileFactionProp(folder, factions, report);
+                },
+                [this](const progress::Step& at) {
+                    pgFP2->setValue(static_cast<int>(at.outerDone));
+                });
         });
-    } catch (const std::exception& error) {
-        dialogs.ShowError(QStringLiteral("Faction_Prop.ini was not compiled: ") +
-                          Dialogs::Describe(error));
+    if (!compiled)
         return;
-    }
-    try {
-        session.WriteProtocol("Faction_Prop.ini created...");
-    } catch (const std::exception& error) {
-        dialogs.ShowError(QStringLiteral("The protocol could not be written: ") +
-                          Dialogs::Describe(error));
-    }
+    dialogs.Attempt(QStringLiteral("The protocol could not be written."),
+                    [this] { session.WriteProtocol(protocol::FactionPropCompiled); });
 }

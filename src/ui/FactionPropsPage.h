@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-struct Session;
+class Session;
 class Dialogs;
 class QComboBox;
 class QLabel;
@@ -30,6 +30,12 @@ public:
     ~FactionPropsPage() override;
     void ClearFactions() override;
     void AddFactions(const std::vector<modFunctions::RegistryEntry>& entries) override;
+    bool ChooseFaction(const std::string& nickname) override;
+    // Shows the first of the list tabs (ships).
+    void ShowFirstList();
+    // Screen readers name each pick list by its tab's caption and describe it by the hint
+    // below it; called again after a language switch.
+    void NameListsByTabs();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -89,6 +95,10 @@ private:
                    const std::string& faction);
     void LoadLists(const std::string& faction);
     void ReportError(const QString& text);
+    // With no faction shown in the picker the property and list controls show their initial
+    // values and take no edits; a nickname shown (picked or typed) makes them editable.
+    void cboFP_group_TextChanged(const QString& text);
+    void ShowInitialValues();
 
     Session& session;
     Dialogs& dialogs;
@@ -146,4 +156,5 @@ private:
     QProgressBar* pgFP2;
 
     QPointer<frmFPBodyparts> bodyparts;
+    QList<QWidget*> factionControls; // what edits the shown faction's sheet and lists
 };

@@ -2,6 +2,7 @@
 
 #include "import/Import.h"
 #include "ui/Dialogs.h"
+#include "ui/ProgressRun.h"
 #include "ui/Session.h"
 #include "ui/Text.h"
 #include "ui/VantelButton.h"
@@ -48,24 +49,31 @@ void ImportActions::btnImport_Click() {
 void ImportActions::btnImportAll_Click() {
     if (session.ActiveProject.empty())
         return;
-    importer::ImportProgress progress;
-    progress.setMaximum = [this](int maximum) { pgImportAll->setMaximum(maximum); };
-    progress.setValue = [this](int value) { pgImportAll->setValue(value); };
+    // The bar runs from 0 to the last entry's index, as the entries are counted from 0.
+    const auto show = [this](const progress::Step& at) {
+        pgImportAll->setMaximum(at.outerTotal > 0 ? static_cast<int>(at.outerTotal) - 1 : 0);
+        if (at.outerDone > 0)
+            pgImportAll->setValue(static_cast<int>(at.outerDone) - 1);
+    };
+    const std::string folder = session.ProjectPath();
     importer::ImportAllResult result;
-    try {
-        result =
-            importer::ImportAllOriginalFactions(session.appDir, session.ProjectPath(), progress);
-    } catch (const std::exception& error) {
+    const bool imported = dialogs.Attempt(QStringLiteral("Nothing was imported."), [&] {
+        progressrun::Run(
+            [&](const progress::Report& report) {
+                result = importer::ImportAllOriginalFactions(session.appDir, folder, report);
+            },
+            show);
+    });
+    if (!imported) {
         pgImportAll->setValue(0);
-        dialogs.ShowError(QStringLiteral("Nothing was imported:\n") + Dialogs::Describe(error));
         return;
     }
-    session.loadFactionRegistry();
+    emit session.RegistryChanged();
     pgImportAll->setValue(0);
     if (!result.refused.empty()) {
         QString text = QStringLiteral("These library entries were not imported:");
         for (const importer::LibraryError& refused : result.refused)
-            text += QStringLiteral("\n") + text::ToQt(refused.what());
+            text += QStringLiteral("\n") + Dialogs::Describe(refused);
         dialogs.ShowError(text);
     }
 }

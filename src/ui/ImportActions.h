@@ -9,7 +9,7 @@ class QWidget;
 class Dialogs;
 class VantelButton;
 class frmImport;
-struct Session;
+class Session;
 
 class ImportActions : public QObject {
     Q_OBJECT

@@ -1,11 +1,13 @@
 #include "ui/InitialWorldPage.h"
 
+#include "core/ProtocolLines.h"
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
 #include "initialworld/InitialWorld.h"
 #include "initialworld/InitialWorldCompiler.h"
 #include "ui/Dialogs.h"
 #include "ui/Named.h"
+#include "ui/ProgressRun.h"
 #include "ui/Session.h"
 #include "ui/Text.h"
 #include "ui/VantelButton.h"
@@ -18,6 +20,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
+#include <QSignalBlocker>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -103,6 +106,9 @@ InitialWorldPage::InitialWorldPage(Session& session, Dialogs& dialogs, QWidget* 
 
     // Only a user's choice loads a faction; filling the picker does not.
     connect(cboInit_group, &QComboBox::activated, this, &InitialWorldPage::cboInit_group_Click);
+    connect(cboInit_group, &QComboBox::currentIndexChanged, this,
+            &InitialWorldPage::cboInit_group_Chosen);
+    cboInit_group_Chosen(cboInit_group->currentIndex());
     connect(txtInitName, &QLineEdit::textChanged, this, &InitialWorldPage::txtInitName_Change);
     connect(txtInitShortName, &QLineEdit::textChanged, this,
             &InitialWorldPage::txtInitShortName_Change);
@@ -124,6 +130,27 @@ void InitialWorldPage::AddFactions(const std::vector<modFunctions::RegistryEntry
     }
     // Filled is not chosen: until the user picks a faction, typing stores nothing.
     cboInit_group->setCurrentIndex(-1);
+}
+
+bool InitialWorldPage::ChooseFaction(const std::string& nickname) {
+    const int index = cboInit_group->findText(text::ToQt(nickname), Qt::MatchExactly);
+    if (index < 0)
+        return false;
+    cboInit_group->setCurrentIndex(index);
+    cboInit_group_Click();
+    return true;
+}
+
+void InitialWorldPage::cboInit_group_Chosen(int index) {
+    const bool chosen = index >= 0;
+    for (QLineEdit* box : {txtInitName, txtInitShortName, txtInitInfo}) {
+        if (!chosen) {
+            // Nothing is stored: there is no faction to store it for.
+            const QSignalBlocker quiet(box);
+            box->clear();
+        }
+        box->setEnabled(chosen);
+    }
 }
 
 std::string InitialWorldPage::DataFile() const {
@@ -208,28 +235,22 @@ void InitialWorldPage::VantelButton13_Click() {
     for (int r = 0; r < lv_Init->topLevelItemCount(); ++r)
         rows.push_back(text::ToFile(lv_Init->topLevelItem(r)->text(0)));
 
-    initialworld::CompileProgress progress;
-    progress.started = [this](std::size_t count) {
-        SetMaximum(pgInit2, count);
-        pgInit2->setValue(0);
+    const auto show = [this](const progress::Step& at) {
+        SetMaximum(pgInit2, at.outerTotal);
+        pgInit2->setValue(static_cast<int>(at.outerDone));
+        SetMaximum(pgInit1, at.innerTotal);
+        pgInit1->setValue(static_cast<int>(at.innerDone));
     };
-    progress.factionStarted = [this](std::size_t rowCount) {
-        SetMaximum(pgInit1, rowCount);
-        pgInit1->setValue(0);
-    };
-    progress.rowDone = [this](std::size_t j) { pgInit1->setValue(static_cast<int>(j)); };
-    progress.factionDone = [this](std::size_t done) { pgInit2->setValue(static_cast<int>(done)); };
-    try {
-        initialworld::CompileInitialWorld(session.ProjectPath(), factions, rows, progress);
-    } catch (const std::exception& error) {
-        dialogs.ShowError(QStringLiteral("Initialworld.ini was not created: ") +
-                          Dialogs::Describe(error));
+    const std::string folder = session.ProjectPath();
+    const bool compiled = dialogs.Attempt(QStringLiteral("Initialworld.ini was not created."), [&] {
+        progressrun::Run(
+            [&](const progress::Report& report) {
+                initialworld::CompileInitialWorld(folder, factions, rows, report);
+            },
+            show);
+    });
+    if (!compiled)
         return;
-    }
-    try {
-        session.WriteProtocol("Initialworld.ini created...");
-    } catch (const std::exception& error) {
-        dialogs.ShowError(QStringLiteral("The protocol could not be written: ") +
-                          Dialogs::Describe(error));
-    }
+    dialogs.Attempt(QStringLiteral("The protocol could not be written."),
+                    [this] { session.WriteProtocol(protocol::InitialWorldCompiled); });
 }

@@ -12,7 +12,7 @@ class QLineEdit;
 class QProgressBar;
 class QTreeWidget;
 class VantelButton;
-struct Session;
+class Session;
 class Dialogs;
 
 class InitialWorldPage : public QWidget, public RegistryView {
@@ -21,6 +21,7 @@ public:
     InitialWorldPage(Session& session, Dialogs& dialogs, QWidget* parent = nullptr);
     void ClearFactions() override;
     void AddFactions(const std::vector<modFunctions::RegistryEntry>& entries) override;
+    bool ChooseFaction(const std::string& nickname) override;
 
 private slots:
     void cboInit_group_Click();
@@ -33,6 +34,8 @@ private slots:
 private:
     std::string DataFile() const;
     void StoreIds(std::string_view key, const QLineEdit* box);
+    // With no faction chosen the IDS boxes are empty and take no edits.
+    void cboInit_group_Chosen(int index);
 
     Session& session;
     Dialogs& dialogs;

@@ -11,4 +11,7 @@ public:
     virtual void ClearFactions() = 0;
     // Adds every entry, in registry order, to the page's picker and list view.
     virtual void AddFactions(const std::vector<modFunctions::RegistryEntry>& entries) = 0;
+    // Chooses the faction in the page's picker as the user would, loading its values; false
+    // when the picker does not list it.
+    virtual bool ChooseFaction(const std::string& nickname) = 0;
 };

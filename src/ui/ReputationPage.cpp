@@ -1,10 +1,12 @@
 #include "ui/ReputationPage.h"
 
+#include "core/ProtocolLines.h"
 #include "core/txtReadWrite.h"
 #include "reputation/EmphatyCompiler.h"
 #include "reputation/ReputationFiles.h"
 #include "ui/Dialogs.h"
 #include "ui/Named.h"
+#include "ui/ProgressRun.h"
 #include "ui/Session.h"
 #include "ui/Text.h"
 #include "ui/VantelButton.h"
@@ -17,6 +19,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QProgressBar>
+#include <QSignalBlocker>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -105,6 +108,8 @@ ReputationPage::ReputationPage(Session& session, Dialogs& dialogs, QWidget* pare
     lbl_emphaty_rms->setBuddy(Combo2);
     lbl_emphaty_rmf->setBuddy(Combo3);
     lbl_emphaty_rma->setBuddy(Combo4);
+    // A list view takes no name from a buddy label.
+    lv_emphaty->setAccessibleName(QStringLiteral("Empathy rates"));
     lblEmphatyList->setBuddy(lv_emphaty);
     lblAktuellEmp->setBuddy(pgEmphaty1);
     lblGesamtEmp->setBuddy(pgEmphaty2);
@@ -141,6 +146,9 @@ ReputationPage::ReputationPage(Session& session, Dialogs& dialogs, QWidget* pare
     page->addLayout(bottom);
 
     connect(cboemphaty_group, &QComboBox::activated, this, &ReputationPage::cboemphaty_group_Click);
+    connect(cboemphaty_group, &QComboBox::currentIndexChanged, this,
+            &ReputationPage::cboemphaty_group_Chosen);
+    cboemphaty_group_Chosen(cboemphaty_group->currentIndex());
     connect(Combo1, &QComboBox::editTextChanged, this, &ReputationPage::Combo1_Change);
     connect(Combo2, &QComboBox::editTextChanged, this, &ReputationPage::Combo2_Change);
     connect(Combo3, &QComboBox::editTextChanged, this, &ReputationPage::Combo3_Change);
@@ -176,6 +184,27 @@ void ReputationPage::AddFactions(const std::vector<modFunctions::RegistryEntry>&
     // Filling the picker chooses nothing.
     if (noneChosen)
         cboemphaty_group->setCurrentIndex(-1);
+}
+
+bool ReputationPage::ChooseFaction(const std::string& nickname) {
+    const int index = cboemphaty_group->findData(Bytes(nickname));
+    if (index < 0)
+        return false;
+    cboemphaty_group->setCurrentIndex(index);
+    cboemphaty_group_Click();
+    return true;
+}
+
+void ReputationPage::cboemphaty_group_Chosen(int index) {
+    const bool chosen = index >= 0;
+    for (QComboBox* combo : eventCombos) {
+        if (!chosen) {
+            // Nothing is stored: there is no faction to store it for.
+            const QSignalBlocker quiet(combo);
+            combo->setEditText(text::ToQt(reputation::DefaultValue));
+        }
+        combo->setEnabled(chosen);
+    }
 }
 
 // ---- editing ----
@@ -313,23 +342,24 @@ void ReputationPage::btnEmphatySave_Click() {
     const int lastFaction = static_cast<int>(factions.size()) - 1;
     pgEmphaty2->setRange(0, std::max(lastFaction, 1));
     pgEmphaty1->setRange(0, std::max(static_cast<int>(rows.size()), 1));
-    const auto progress = [this, lastFaction](const reputation::CompileProgress& at) {
-        if (at.factionDone)
-            pgEmphaty2->setValue(lastFaction > 0 ? static_cast<int>(at.faction) : 1);
-        else
-            pgEmphaty1->setValue(static_cast<int>(at.row));
+    // The faction bar shows the index of the last finished faction, the row bar the rows of
+    // the faction under way.
+    const auto show = [this, lastFaction](const progress::Step& at) {
+        if (at.outerDone > 0)
+            pgEmphaty2->setValue(lastFaction > 0 ? static_cast<int>(at.outerDone - 1) : 1);
+        if (at.innerDone > 0)
+            pgEmphaty1->setValue(static_cast<int>(at.innerDone));
     };
-    try {
-        reputation::CompileEmphaty(ProjectFolder(), factions, rows, progress);
-    } catch (const std::exception& error) {
-        dialogs.ShowError(QStringLiteral("Emphaty.ini was not compiled: ") +
-                          Dialogs::Describe(error));
+    const std::string folder = ProjectFolder();
+    const bool compiled = dialogs.Attempt(QStringLiteral("Emphaty.ini was not compiled."), [&] {
+        progressrun::Run(
+            [&](const progress::Report& report) {
+                reputation::CompileEmphaty(folder, factions, rows, report);
+            },
+            show);
+    });
+    if (!compiled)
         return;
-    }
-    try {
-        session.WriteProtocol("Emphaty.ini compiled...");
-    } catch (const std::exception& error) {
-        dialogs.ShowError(QStringLiteral("The protocol could not be written: ") +
-                          Dialogs::Describe(error));
-    }
+    dialogs.Attempt(QStringLiteral("The protocol could not be written."),
+                    [this] { session.WriteProtocol(protocol::EmphatyCompiled); });
 }

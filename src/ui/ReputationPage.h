@@ -8,7 +8,7 @@
 #include <array>
 #include <string>
 
-struct Session;
+class Session;
 class Dialogs;
 class QCheckBox;
 class QComboBox;
@@ -23,6 +23,7 @@ public:
     ReputationPage(Session& session, Dialogs& dialogs, QWidget* parent = nullptr);
     void ClearFactions() override;
     void AddFactions(const std::vector<modFunctions::RegistryEntry>& entries) override;
+    bool ChooseFaction(const std::string& nickname) override;
 
 private slots:
     void cboemphaty_group_Click();
@@ -41,6 +42,8 @@ private:
     // The chosen faction's nickname as file bytes; "" when none is chosen.
     std::string ChosenFaction() const;
     void StoreEvent(std::size_t event);
+    // With no faction chosen the event values show their default and take no edits.
+    void cboemphaty_group_Chosen(int index);
     std::string ProjectFolder() const;
 
     Session& session;

@@ -1,19 +1,25 @@
 #pragma once
 // What frmMain owns and its pages share: the application directory, the active project
 // and the caption of lblActiveProject (some routines follow the one, some the other).
+// Pages that change the registry say so through RegistryChanged; the registry panel reloads.
 #include "core/modFunctions.h"
 
-#include <functional>
+#include <QObject>
 #include <string>
 #include <string_view>
 
-struct Session {
+class Session : public QObject {
+    Q_OBJECT
+public:
     std::string appDir;        // as the system spells it (bytes, never re-encoded)
     std::string ActiveProject; // set by Load, emptied when the active project is deleted
+
     // The caption of lblActiveProject, as Windows-1252 bytes.
-    std::function<std::string()> activeProjectCaption = [] { return std::string(); };
-    // LoadFactionRegistry of the main window (registry list, pickers and list views).
-    std::function<void()> loadFactionRegistry = [] {};
+    const std::string& ActiveProjectCaption() const { return caption_; }
+    void SetActiveProjectCaption(const std::string& caption) {
+        caption_ = caption;
+        emit ActiveProjectCaptionChanged();
+    }
 
     // <app dir>\projects\<ActiveProject><piece>
     std::string ProjectPath(std::string_view piece = {}) const {
@@ -21,10 +27,19 @@ struct Session {
     }
     // <app dir>\projects\<caption of lblActiveProject><piece>
     std::string CaptionProjectPath(std::string_view piece = {}) const {
-        return modFunctions::ProjectPath(appDir, activeProjectCaption(), piece);
+        return modFunctions::ProjectPath(appDir, caption_, piece);
     }
     // WriteProtocol into the project that lblActiveProject names.
     void WriteProtocol(std::string_view text) const {
-        modFunctions::WriteProtocol(appDir, activeProjectCaption(), text);
+        modFunctions::WriteProtocol(appDir, caption_, text);
     }
+
+signals:
+    void ActiveProjectCaptionChanged();
+    // The registry of the active project was changed on disk (an import): every list of
+    // factions is to be read again.
+    void RegistryChanged();
+
+private:
+    std::string caption_;
 };

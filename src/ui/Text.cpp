@@ -2,6 +2,8 @@
 
 #include "core/win1252.h"
 
+#include <QDir>
+
 namespace text {
 
 QString ToQt(std::string_view bytes) {
@@ -32,6 +34,13 @@ std::optional<std::string> ToFileExact(const QString& text) {
         out += static_cast<char>(*byte);
     }
     return out;
+}
+
+QString NativePath(std::string_view path) {
+    // The core joins its pieces with backslashes; on disk they are the system's separators.
+    QString shown = ToQt(path);
+    shown.replace(u'\\', u'/');
+    return QDir::toNativeSeparators(shown);
 }
 
 } // namespace text

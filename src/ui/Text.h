@@ -11,4 +11,6 @@ QString ToQt(std::string_view bytes);
 std::string ToFile(const QString& text);
 // nullopt when a character is outside Windows-1252 (for names, which must be exact).
 std::optional<std::string> ToFileExact(const QString& text);
+// A path of the core ("...\\projects\\P\\misc\\factions.ini") as the user's system writes paths.
+QString NativePath(std::string_view path);
 } // namespace text

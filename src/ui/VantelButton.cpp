@@ -9,7 +9,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPixmap>
-#include <QShortcut>
+#include <QStyle>
+#include <QStyleOptionFocusRect>
 #include <QTimer>
 #include <QUrl>
 #include <cmath>
@@ -41,6 +42,28 @@ private:
     QPixmap pixmap_;
 };
 
+// The keyboard focus, drawn over the pictures: the style's focus rectangle inside a frame in
+// the highlight colour, so that it shows on any artwork.
+class FocusMark : public QWidget {
+public:
+    explicit FocusMark(QWidget* button) : QWidget(button) {
+        setObjectName(QStringLiteral("focusMark"));
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        hide();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.drawRect(rect().adjusted(1, 1, -1, -1));
+        QStyleOptionFocusRect option;
+        option.initFrom(this);
+        option.rect = rect().adjusted(3, 3, -3, -3);
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+    }
+};
+
 // The caption as read aloud: the "&" that marks the access key is dropped, "&&" is "&".
 QString WithoutAccessKeyMark(const QString& caption) {
     QString text;
@@ -52,17 +75,21 @@ QString WithoutAccessKeyMark(const QString& caption) {
     return text;
 }
 
-// Screen readers and automation see a push button named by its caption.
+// Screen readers and automation see a push button named by its caption. The caption wins over
+// the name the toolkit would derive from the surroundings (the title of the enclosing frame);
+// only an accessible name set on purpose replaces it.
 class VantelButtonAccessible : public QAccessibleWidget {
 public:
     explicit VantelButtonAccessible(VantelButton* button)
         : QAccessibleWidget(button, QAccessible::Button) {}
 
     QString text(QAccessible::Text kind) const override {
+        if (kind == QAccessible::Name) {
+            const QString own = Button()->accessibleName();
+            return own.isEmpty() ? WithoutAccessKeyMark(Button()->Caption()) : own;
+        }
         QString value = QAccessibleWidget::text(kind);
-        if (kind == QAccessible::Name && value.isEmpty())
-            value = WithoutAccessKeyMark(Button()->Caption());
-        else if (kind == QAccessible::Accelerator && value.isEmpty())
+        if (kind == QAccessible::Accelerator && value.isEmpty())
             value = QKeySequence::mnemonic(Button()->Caption()).toString(QKeySequence::NativeText);
         return value;
     }
@@ -105,7 +132,7 @@ static void InitResources() {
     Q_INIT_RESOURCE(VantelButton);
 }
 
-VantelButton::VantelButton(QWidget* parent) : QWidget(parent) {
+VantelButton::VantelButton(QWidget* parent) : QAbstractButton(parent) {
     InitResources();
     RegisterOnce();
 
@@ -123,6 +150,9 @@ VantelButton::VantelButton(QWidget* parent) : QWidget(parent) {
     lblCaption->setAlignment(Qt::AlignCenter);
     lblCaption->setAttribute(Qt::WA_TransparentForMouseEvents);
     lblCaption->raise();
+    focusMark = new FocusMark(this);
+    focusMark->raise();
+    setFocusPolicy(Qt::StrongFocus);
     QFont font(QStringLiteral("Tahoma"));
     font.setPointSize(8);
     ApplyFont(font);
@@ -134,11 +164,8 @@ VantelButton::VantelButton(QWidget* parent) : QWidget(parent) {
             ShowCaption(name);
     });
 
-    mnemonic_ = new QShortcut(this);
-    connect(mnemonic_, &QShortcut::activated, this, [this] {
-        if (isEnabled())
-            click();
-    });
+    // Whoever clicks through the toolkit's own button interface clicks this button.
+    connect(this, &QAbstractButton::clicked, this, &VantelButton::Click);
 
     tmrChkStatus = new QTimer(this);
     tmrChkStatus->setObjectName(QStringLiteral("tmrChkStatus"));
@@ -175,7 +202,8 @@ void VantelButton::ShowCaption(const QString& caption) {
         shown += QString(caption[i]).toHtmlEscaped();
     }
     lblCaption->setText(shown);
-    mnemonic_->setKey(QKeySequence::mnemonic(caption));
+    // The toolkit's button text: it registers the access key and names the button.
+    QAbstractButton::setText(caption);
 }
 
 void VantelButton::setCaption(const QString& caption) {
@@ -274,15 +302,81 @@ void VantelButton::mouseReleaseEvent(QMouseEvent* event) {
         emit Click();
 }
 
+void VantelButton::keyPressEvent(QKeyEvent* event) {
+    if (!Enabled() || event->isAutoRepeat()) {
+        QAbstractButton::keyPressEvent(event);
+        return;
+    }
+    switch (event->key()) {
+    case Qt::Key_Space:
+    case Qt::Key_Select:
+        // As with the mouse: down while held, a click on release.
+        spaceDown_ = true;
+        ChangeTo(State::Down);
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        click();
+        break;
+    default:
+        QAbstractButton::keyPressEvent(event);
+    }
+}
+
+void VantelButton::keyReleaseEvent(QKeyEvent* event) {
+    if ((event->key() == Qt::Key_Space || event->key() == Qt::Key_Select) &&
+        !event->isAutoRepeat() && spaceDown_) {
+        spaceDown_ = false;
+        if (!Enabled())
+            return;
+        ChangeTo(State::Up);
+        emit Click();
+        return;
+    }
+    QAbstractButton::keyReleaseEvent(event);
+}
+
+void VantelButton::focusInEvent(QFocusEvent* event) {
+    QAbstractButton::focusInEvent(event);
+    focusMark->show();
+}
+
+void VantelButton::focusOutEvent(QFocusEvent* event) {
+    QAbstractButton::focusOutEvent(event);
+    focusMark->hide();
+    if (spaceDown_) {
+        // Focus gone while Space was held: the press is taken back.
+        spaceDown_ = false;
+        ChangeTo(State::Up);
+    }
+}
+
+void VantelButton::paintEvent(QPaintEvent*) {
+    // The pictures, the caption and the focus mark are child widgets that draw themselves.
+}
+
+bool VantelButton::event(QEvent* event) {
+    if (event->type() == QEvent::Shortcut) {
+        // The access key clicks at once, with the same events as a mouse click; a key that
+        // two buttons share only moves the focus, as with the toolkit's own buttons.
+        if (static_cast<QShortcutEvent*>(event)->isAmbiguous())
+            setFocus(Qt::ShortcutFocusReason);
+        else
+            click();
+        return true;
+    }
+    return QAbstractButton::event(event);
+}
+
 void VantelButton::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
+    QAbstractButton::resizeEvent(event);
     Relayout();
 }
 
 // Lengths in twips as the layout is defined: every picture covers the control, the caption
 // spans its width and sits 20 twips below the vertical centre.
 void VantelButton::Relayout() {
-    for (QWidget* image : {imgUp, imgOver, imgDown})
+    for (QWidget* image : {imgUp, imgOver, imgDown, focusMark})
         image->setGeometry(rect());
     const int labelHeight = lblCaption->sizeHint().height();
     const double controlHeight = height() * kTwipsPerPixel;

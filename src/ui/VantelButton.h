@@ -1,16 +1,17 @@
 #pragma once
 // The image button that every window uses: three pictures (up, over, down) stretched over
 // the control, a caption drawn on top, Click on a left-button release, and a timer that
-// follows the pointer to show the "over" picture.
+// follows the pointer to show the "over" picture. A real button for the keyboard and for
+// assistive technology: it takes focus with Tab and shows it on its picture, Space and Enter
+// click it, the letter after "&" is its access key, and it reads aloud as its caption.
+#include <QAbstractButton>
 #include <QColor>
 #include <QString>
-#include <QWidget>
 
 class QLabel;
-class QShortcut;
 class QTimer;
 
-class VantelButton : public QWidget {
+class VantelButton : public QAbstractButton {
     Q_OBJECT
     Q_PROPERTY(QString Caption READ Caption WRITE setCaption)
     Q_PROPERTY(bool Bold READ Bold WRITE setBold)
@@ -49,7 +50,8 @@ public:
     QSize sizeHint() const override;
 
 public slots:
-    // A left press and release in one: what the accessibility press action does.
+    // A left press and release in one: what the access key, the keyboard and the
+    // accessibility press action do.
     void click();
 
 signals:
@@ -62,6 +64,12 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    bool event(QEvent* event) override;
 
 private slots:
     void tmrChkStatus_Timer();
@@ -78,9 +86,10 @@ private:
     QWidget* imgOver;
     QWidget* imgDown;
     QLabel* lblCaption;
+    QWidget* focusMark; // drawn over the pictures while the button has the keyboard focus
     QTimer* tmrChkStatus;
     bool hover_ = false;      // showing "over" because of the hover check
     bool captionSet_ = false; // false: the caption follows the object name
+    bool spaceDown_ = false;  // Space pressed on the button and not yet released
     QString caption_;
-    QShortcut* mnemonic_; // Alt + the letter after "&" clicks the button
 };

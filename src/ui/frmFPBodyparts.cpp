@@ -7,6 +7,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <utility>
 
 namespace {
 
@@ -45,12 +46,16 @@ frmFPBodyparts::frmFPBodyparts(QWidget* parent) : QDialog(parent) {
     VantelButton2->setCaption(QStringLiteral("Cancel"));
 
     auto* grid = new QGridLayout(this);
-    grid->addWidget(new QLabel(QStringLiteral("Head"), this), 0, 0);
-    grid->addWidget(Combo1, 0, 1);
-    grid->addWidget(new QLabel(QStringLiteral("Body"), this), 1, 0);
-    grid->addWidget(Combo2, 1, 1);
-    grid->addWidget(new QLabel(QStringLiteral("Accessory"), this), 2, 0);
-    grid->addWidget(Combo3, 2, 1);
+    // Each label is its combo's buddy: screen readers name the combo by it.
+    int row = 0;
+    for (const auto& [caption, combo] : {std::pair<const char*, QComboBox*>{"Head", Combo1},
+                                         {"Body", Combo2},
+                                         {"Accessory", Combo3}}) {
+        auto* label = new QLabel(QString::fromLatin1(caption), this);
+        label->setBuddy(combo);
+        grid->addWidget(label, row, 0);
+        grid->addWidget(combo, row++, 1);
+    }
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(VantelButton1);

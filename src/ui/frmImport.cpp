@@ -1,5 +1,6 @@
 #include "ui/frmImport.h"
 
+#include "core/ProtocolLines.h"
 #include "core/platform.h"
 #include "import/Import.h"
 #include "ui/Dialogs.h"
@@ -78,7 +79,7 @@ void frmImport::File1_Click(QListWidgetItem* item) {
 void frmImport::btnImport_Click() {
     if (chosenNickname.empty())
         return;
-    if (session.activeProjectCaption().empty()) {
+    if (session.ActiveProjectCaption().empty()) {
         dialogs.ShowError(QStringLiteral("No project is loaded; nothing was imported."));
         return;
     }
@@ -91,9 +92,9 @@ void frmImport::btnImport_Click() {
         return;
     }
     ShowFolder(importer::ReputationFolder(session.appDir));
-    session.loadFactionRegistry();
+    emit session.RegistryChanged();
     try {
-        session.WriteProtocol("Original imported...");
+        session.WriteProtocol(protocol::OriginalImported);
     } catch (const std::exception& error) {
         dialogs.ShowError(QStringLiteral("The protocol could not be written:\n") +
                           Dialogs::Describe(error));

@@ -9,7 +9,7 @@ class QListWidget;
 class QListWidgetItem;
 class Dialogs;
 class VantelButton;
-struct Session;
+class Session;
 
 class frmImport : public QDialog {
     Q_OBJECT

@@ -1,35 +1,32 @@
 #pragma once
-// The main window: project manager and faction registry on the first page, one page per
-// game file and the script page after it, the three buttons above, the panel animations.
+// The main window: the three buttons above, the tab strip SSTab1 with the project manager
+// and the registry panel on its first page, one page per game file and the script page.
+// The panels and the slide between them live in their own classes; this window arranges
+// them, switches the language, shows the About window and navigates between pages.
+#include <QPointer>
 #include <QWidget>
-#include <functional>
 #include <string>
-#include <vector>
 
-class QLabel;
-class QLineEdit;
-class QListWidget;
-class QProgressBar;
-class QGroupBox;
-class QSlider;
 class QTabWidget;
-class QTextEdit;
-class QTimer;
-class QTreeWidget;
 class Dialogs;
 class FactionPropsPage;
 class InitialWorldPage;
-class RegistryView;
+class ProjectManagerPanel;
+class RegistryPanel;
 class ReputationPage;
+class Session;
+class SlideAnimation;
 class VantelButton;
-class ImportActions;
 class XmlScriptPage;
-struct Session;
+class frmAbout;
 
 class frmMain : public QWidget {
     Q_OBJECT
 public:
     frmMain(Session& session, Dialogs& dialogs, QWidget* parent = nullptr);
+
+    // The pages of SSTab1, by index.
+    enum Page { Projects = 0, Emphaty = 1, FactionProp = 2, InitialWorld = 3, Script = 4 };
 
     // The two language routines; the language button calls one of them.
     void German();
@@ -39,50 +36,30 @@ public:
     // of the project that lblActiveProject names. Any error ends it silently.
     void LoadFactionRegistry();
 
+    // Adds a page at the end of SSTab1 and returns its index. A page that is a RegistryView
+    // is filled by LoadFactionRegistry from then on, and ShowFaction can choose in it.
+    int AddPage(QWidget* page, const QString& caption);
+    // Shows the page and, on a page that lists the registered factions, chooses the faction
+    // in its picker as the user's choice would (its values are loaded). False when the page
+    // does not exist or does not list that faction; the page is shown all the same.
+    bool ShowFaction(int page, const std::string& nickname);
+    // The registry panel, for what more it is to hold (AddButton).
+    RegistryPanel& Registry() const { return *registryPanel; }
+
 protected:
     void closeEvent(QCloseEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private slots:
     void Form_Load();
-    void lstProjects_Click();
-    void txtdateiname_KeyPress();
     void VantelButton1_Click();
     void VantelButton2_Click();
     void VantelButton3_Click();
-    void VantelButton4_Click();
-    void VantelButton5_Click();
-    void VantelButton6_Click();
-    void VantelButton7_Click();
-    void Label4_Click();
-    void Slider1_Change();
-    void btnnewfactionnew_Click();
-    void btnnewfactiondel_Click();
-    void btnnewfactionreload_Click();
-    void lv_newfactions_Click();
-    void Timer1_Timer();
-    void Timer2_Timer();
-    void Timer3_Timer();
-    void Timer4_Timer();
-    void Timer7_Timer();
+    // Load in the project manager: fill the lists, enable the imports, slide to the registry.
+    void ProjectLoaded();
 
 private:
     void BuildTopButtons();
     QWidget* BuildProjectsPage();
-    void BuildFrame1();
-    void BuildFrame2();
-    void BuildTimers();
-
-    void CreateProject(const QString& name);
-    void RefreshProjectList();
-    void ShowNoProject();
-    // Runs a change of the registry; a failure is shown, and false returned.
-    // The slide step in twips from txtZeit.
-    int SlideStep() const;
-    bool ChangeRegistry(const std::function<void()>& change, const QString& failure);
-    QString SelectedProject() const;
-    void CreateProjectError(int number, const QString& description);
-    std::string ActiveProjectCaption() const;
 
     Session& session;
     Dialogs& dialogs;
@@ -92,48 +69,14 @@ private:
     VantelButton* VantelButton3;
     QTabWidget* SSTab1;
 
-    QLabel* Label1;
-    QLabel* Label4;
-    QSlider* Slider1;
-    QLineEdit* txtZeit;
+    ProjectManagerPanel* Frame1;
+    RegistryPanel* registryPanel; // Frame2
+    SlideAnimation* slides;
 
-    QGroupBox* Frame1;
-    QListWidget* lstProjects;
-    QLabel* Label5;
-    QTextEdit* rtfLog;
-    QLineEdit* txtdateiname;
-    QLabel* lblNoProject;
-    QLabel* lblActiveProject;
-    VantelButton* VantelButton4;
-    VantelButton* VantelButton5;
-    VantelButton* VantelButton6;
-    VantelButton* VantelButton7;
+    ReputationPage* reputationPage = nullptr;
+    FactionPropsPage* factionPropsPage = nullptr;
+    InitialWorldPage* initialWorldPage = nullptr;
+    XmlScriptPage* xmlScriptPage = nullptr;
 
-    QGroupBox* Frame2;
-    QTreeWidget* lv_newfactions;
-    QGroupBox* frmnewFaction;
-    QLineEdit* txtNewNick;
-    QLineEdit* txtNewDescr;
-    VantelButton* btnnewfactionnew;
-    VantelButton* btnnewfactiondel;
-    VantelButton* btnnewfactionreload;
-    QProgressBar* pgLoadProject;
-    QLabel* lblFactions;
-    QLabel* lblFactionsGesamt;
-    VantelButton* btnImport;
-    VantelButton* btnImportAll;
-    QProgressBar* pgImportAll;
-    ImportActions* importActions;
-
-    ReputationPage* reputationPage;
-    FactionPropsPage* factionPropsPage;
-    InitialWorldPage* initialWorldPage;
-    XmlScriptPage* xmlScriptPage;
-    std::vector<RegistryView*> registryViews;
-
-    QTimer* Timer1;
-    QTimer* Timer2;
-    QTimer* Timer3;
-    QTimer* Timer4;
-    QTimer* Timer7;
+    QPointer<frmAbout> about; // at most one About window at a time
 };

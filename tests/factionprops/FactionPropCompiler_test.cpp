@@ -138,8 +138,8 @@ TEST_F(FactionPropCompiler, ListFilesAreFoundUnderOtherCapitals) {
 TEST_F(FactionPropCompiler, TwoFactionsInPickerOrderWithProgress) {
     Sheet("[b]\r\njump=both\r\n[a]\r\njump=jumphole\r\n");
     std::vector<std::pair<std::size_t, std::size_t>> steps;
-    CompileFactionProp(Folder(), {"a", "b"}, [&](std::size_t done, std::size_t total) {
-        steps.emplace_back(done, total);
+    CompileFactionProp(Folder(), {"a", "b"}, [&](const progress::Step& step) {
+        steps.emplace_back(step.outerDone, step.outerTotal);
     });
     const std::string out = TempFolder::Read(Piece("\\compiled\\faction_prop.ini"));
     const std::string block = "[FactionProps]\r\naffiliation = ";
@@ -151,7 +151,7 @@ TEST_F(FactionPropCompiler, TwoFactionsInPickerOrderWithProgress) {
     EXPECT_NE(out.find("jump_preference = jumphole\r\n"), std::string::npos);
     EXPECT_EQ(out.substr(b - 4, 4), "\r\n\r\n"); // a's block ends with its empty line
     EXPECT_TRUE(out.ends_with("scan_chance = 0.0\r\n\r\n\r\n"));
-    EXPECT_EQ(steps, (std::vector<std::pair<std::size_t, std::size_t>>{{1, 2}, {2, 2}}));
+    EXPECT_EQ(steps, (std::vector<std::pair<std::size_t, std::size_t>>{{0, 2}, {1, 2}, {2, 2}}));
 }
 
 TEST_F(FactionPropCompiler, FailedWriteKeepsThePreviousFile) {

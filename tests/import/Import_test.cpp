@@ -123,19 +123,19 @@ TEST_F(Import, ImportAllGoesInListOrderAndReportsRefusedEntriesAtTheEnd) {
     Entry("Bad_grp", "emphaty_rate = ab_grp\r\n", CdProps, CdWorld);
     Library("faction_prop", "orphan_grp", CdProps); // no reputation file: refused too
     Library("initialworld", "ORPHAN_grp", CdWorld);
-    std::vector<std::pair<char, int>> progress;
-    const auto result =
-        ImportAllOriginalFactions(app(), project(),
-                                  {[&](int max) { progress.emplace_back('M', max); },
-                                   [&](int value) { progress.emplace_back('V', value); }});
+    std::vector<std::pair<std::size_t, std::size_t>> progress;
+    const auto result = ImportAllOriginalFactions(app(), project(), [&](const progress::Step& at) {
+        progress.emplace_back(at.outerDone, at.outerTotal);
+    });
     EXPECT_EQ(result.imported, (std::vector<std::string>{"ab_grp", "cd_grp"}));
     ASSERT_EQ(result.refused.size(), 2u);
     EXPECT_EQ(result.refused[0].line(), 1);
     EXPECT_NE(std::string(result.refused[1].what()).find("emphaty/original_factions/orphan_grp"),
               std::string::npos)
         << result.refused[1].what();
+    // The refused entry counts as done too, so the run ends at its total.
     EXPECT_EQ(progress,
-              (std::vector<std::pair<char, int>>{{'M', 2}, {'V', 0}, {'V', 1}, {'V', 2}}));
+              (std::vector<std::pair<std::size_t, std::size_t>>{{0, 3}, {1, 3}, {2, 3}, {3, 3}}));
     EXPECT_EQ(File("\\misc\\factions.ini"),
               "[ab_grp]\r\ngrp=Alpha Band\r\n[cd_grp]\r\ngrp=cd_grp\r\n");
     EXPECT_EQ(File("\\emphaty\\new\\grp.ini"),

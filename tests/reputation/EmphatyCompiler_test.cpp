@@ -52,14 +52,18 @@ TEST_F(EmphatyCompilerTest, TwoFactionsGiveTheirBlocksBetweenBlankLinesAndSkipOw
     txtReadWrite::WriteIni("A", "rep", "0.7", reputation::EmpathyFile(folder, "A"));
     txtReadWrite::WriteIni("B", "rep", "-0.65", reputation::EmpathyFile(folder, "A"));
 
-    std::vector<reputation::CompileProgress> calls;
+    std::vector<progress::Step> calls;
     reputation::CompileEmphaty(folder, {"A", "B"}, {"A", "B"},
-                               [&](const reputation::CompileProgress& p) { calls.push_back(p); });
+                               [&](const progress::Step& p) { calls.push_back(p); });
 
     EXPECT_EQ(Output(), "\r\n\r\n" + BlockA + "\r\n" + "\r\n\r\n" + BlockB + "\r\n");
-    // Two row steps and one faction step per faction, the own row counted too.
-    ASSERT_EQ(calls.size(), 6u);
-    EXPECT_TRUE(calls[2].factionDone && calls[2].row == 2u && calls[5].faction == 1u);
+    // One step before the first faction, then two row steps and one faction step per faction,
+    // the own row counted too; the last step is the finished whole.
+    ASSERT_EQ(calls.size(), 7u);
+    EXPECT_TRUE(calls[0].outerDone == 0u && calls[0].outerTotal == 2u && calls[0].innerTotal == 2u);
+    EXPECT_TRUE(calls[2].outerDone == 0u && calls[2].innerDone == 2u);
+    EXPECT_TRUE(calls[3].outerDone == 1u && calls[3].innerDone == 2u);
+    EXPECT_TRUE(calls[6].outerDone == 2u && calls[6].innerDone == 2u);
     // A second run replaces the file rather than adding to it.
     reputation::CompileEmphaty(folder, {"A", "B"}, {"A", "B"});
     EXPECT_EQ(Output(), "\r\n\r\n" + BlockA + "\r\n" + "\r\n\r\n" + BlockB + "\r\n");

@@ -75,7 +75,7 @@ private slots:
         session = std::make_unique<Session>();
         session->appDir = folder->path();
         session->ActiveProject = "p";
-        session->activeProjectCaption = [] { return std::string("p"); };
+        session->SetActiveProjectCaption("p");
         dialogs = std::make_unique<ScriptedDialogs>();
         page = std::make_unique<FactionPropsPage>(*session, *dialogs);
         page->AddFactions({{"li_p_grp", "Liberty", "0.0"}, {"x", "x", "0.0"}});
@@ -203,6 +203,35 @@ private slots:
         QCOMPARE(Get<QTabWidget>("SSTab2")->count(), 5);
     }
 
+    void VoiceAndScanAddAndTheScanRuleOnAFactionWithASection() {
+        TempFolder::Write(Sheet(), "[li_p_grp]\r\nscan_announce=True\r\nscan_chance=0.5\r\n"
+                                   "lastname=226908\r\n");
+        Pick(0);
+        PickItem("cboFPVoice", "pilot_f_leg_f01");
+        Get<VantelButton>("VantelButton10")->click();
+        Get<QComboBox>("cboFPScan")->setEditText(QStringLiteral("commodity_gold"));
+        Get<VantelButton>("VantelButton11")->click();
+        Get<VantelButton>("VantelButton11")->click();
+        QCOMPARE(TempFolder::Read(File("\\faction_prop\\Voicelist_li_p_grp.lst")),
+                 "pilot_f_leg_f01\r\n\r\n");
+        QCOMPARE(TempFolder::Read(File("\\faction_prop\\Scanlist_li_p_grp.lst")),
+                 "commodity_gold\r\ncommodity_gold\r\n\r\n");
+        QCOMPARE(Items(Get<QListWidget>("lstFPscan")),
+                 (QStringList{"commodity_gold", "commodity_gold"}));
+        // An empty catalogue choice adds nothing.
+        Get<QComboBox>("cboFPScan")->setEditText(QString());
+        Get<VantelButton>("VantelButton11")->click();
+        QCOMPARE(Get<QListWidget>("lstFPscan")->count(), 2);
+
+        // "False" resets the stored chance in the faction's own section; the rest stays.
+        QCOMPARE(Get<QLineEdit>("txtFPScan")->text(), QStringLiteral("0.5"));
+        PickItem("cboFPScanFracht", "False");
+        QCOMPARE(Value("li_p_grp", "scan_announce"), "False");
+        QCOMPARE(Value("li_p_grp", "scan_chance"), "0.0");
+        QCOMPARE(Value("li_p_grp", "lastname"), "226908");
+        QVERIFY(dialogs->shown.empty());
+    }
+
     void BodypartDialogEnablesOkAndUsesTheFactionShownWhenPressed() {
         Pick(0);
         Get<VantelButton>("VantelButton8")->click();
@@ -235,6 +264,18 @@ private slots:
                  "li_captain_head, li_male_elite_body, comm_br_elite\r\n\r\n");
         QVERIFY(!platform::IsFile(File("\\faction_prop\\Bodylist_li_p_grp.lst")));
         QVERIFY(!dialog->isVisible());
+
+        // A reload empties the picker while the dialog is open: "OK" is refused with a message.
+        Get<VantelButton>("VantelButton8")->click();
+        page->ClearFactions();
+        page->AddFactions({{"li_p_grp", "Liberty", "0.0"}, {"x", "x", "0.0"}});
+        QVERIFY(ok->isEnabled());
+        ok->click();
+        QCOMPARE(dialogs->shown.size(), std::size_t(1));
+        QVERIFY(dialogs->shown[0].text.contains("was not added"));
+        QCOMPARE(Get<QListWidget>("lstFPBodyparts")->count(), 0);
+        QCOMPARE(TempFolder::Read(File("\\faction_prop\\Bodylist_x.lst")),
+                 "li_captain_head, li_male_elite_body, comm_br_elite\r\n\r\n");
     }
 
     void FailedWritesAreShownNamingTheFile() {

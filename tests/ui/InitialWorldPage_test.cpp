@@ -61,7 +61,7 @@ void InitialWorldPageTest::init() {
     modFunctions::CreateProjectFolders(app->path(), "Mod");
     session.appDir = app->path();
     session.ActiveProject = "Mod";
-    session.activeProjectCaption = [] { return std::string("Mod"); };
+    session.SetActiveProjectCaption("Mod");
     dialogs = std::make_unique<ScriptedDialogs>();
     page = std::make_unique<InitialWorldPage>(session, *dialogs);
     page->AddFactions({{"li_police", "Liberty", "0.7"}, {"rh_grp", "Rheinland", "0.0"}});
@@ -71,12 +71,16 @@ void InitialWorldPageTest::choosingFactionWritesBackErrorAndShowsStoredReputatio
     QCOMPARE(lv()->topLevelItem(0)->text(1), QString("Liberty"));
     QCOMPARE(Rep(0), QString("0.0")); // not the registry's "Rep"
     TempFolder::Write(DataPath(), "[rh_grp]\r\nids_name=1\r\nli_police=-0.65\r\n");
-    // Before a choice typing stores nothing; a box already showing "error" does not change.
-    QTest::keyClicks(Find<QLineEdit>("txtInitShortName"), "error");
+    // Before a choice the boxes are empty and take no typing: nothing is stored or lost.
+    QVERIFY(!Find<QLineEdit>("txtInitShortName")->isEnabled());
+    QTest::keyClicks(Find<QLineEdit>("txtInitShortName"), "7");
+    QCOMPARE(Find<QLineEdit>("txtInitShortName")->text(), QString());
     Choose(0);
+    QVERIFY(Find<QLineEdit>("txtInitShortName")->isEnabled());
     QCOMPARE(Find<QLineEdit>("txtInitInfo")->text(), QString("error"));
     QCOMPARE(Data(), std::string("[rh_grp]\r\nids_name=1\r\nli_police=-0.65\r\n"
-                                 "[li_police]\r\nids_name=error\r\nids_info=error\r\n"));
+                                 "[li_police]\r\nids_name=error\r\nids_short_name=error\r\n"
+                                 "ids_info=error\r\n"));
     QCOMPARE(Rep(0), QString());
     QCOMPARE(Rep(1), QString());
 

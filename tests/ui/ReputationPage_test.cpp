@@ -57,10 +57,9 @@ void ReputationPageTest::init() {
     modFunctions::CreateProjectFolders(app->path(), "Mod");
     modFunctions::SaveFaction(app->path(), "Mod", "A", "Alpha");
     modFunctions::SaveFaction(app->path(), "Mod", "B", "Beta");
-    session = Session{};
     session.appDir = app->path();
     session.ActiveProject = "Mod";
-    session.activeProjectCaption = [] { return std::string("Mod"); };
+    session.SetActiveProjectCaption("Mod");
     dialogs = new ScriptedDialogs;
     page = new ReputationPage(session, *dialogs);
     page->AddFactions(modFunctions::LoadRegistry(modFunctions::RegistryPath(app->path(), "Mod")));

@@ -4,6 +4,8 @@
 
 #include <QAccessible>
 #include <QAccessibleActionInterface>
+#include <QApplication>
+#include <QGroupBox>
 #include <QLabel>
 #include <QSignalSpy>
 #include <QTest>
@@ -194,6 +196,37 @@ private slots:
         QCOMPARE(accessible->text(QAccessible::Name), QString("Delete & more"));
         QCOMPARE(accessible->text(QAccessible::Accelerator),
                  QKeySequence(Qt::ALT | Qt::Key_L).toString(QKeySequence::NativeText));
+    }
+
+    void KeyboardFocusShowsOnThePictureAndSpaceOrEnterClicks() {
+        QGroupBox frame("Projektmanager");
+        auto* first = new VantelButton(&frame);
+        auto* button = new VantelButton(&frame);
+        button->move(0, 40);
+        button->setCaption("&Laden");
+        frame.show();
+        QVERIFY(QTest::qWaitForWindowActive(&frame));
+        first->setFocus();
+        QTest::keyClick(&frame, Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), button);
+        QVERIFY(button->findChild<QWidget*>("focusMark")->isVisible());
+        QVERIFY(!first->findChild<QWidget*>("focusMark")->isVisible());
+
+        EventLog log(*button);
+        QTest::keyPress(button, Qt::Key_Space);
+        QCOMPARE(Shown(*button), QString("imgDown"));
+        QTest::keyRelease(button, Qt::Key_Space);
+        QCOMPARE(log.events, QStringList({"ButtonDown", "ButtonUp", "Click"}));
+        QTest::keyClick(button, Qt::Key_Return);
+        QTest::keyClick(button, Qt::Key_Enter);
+        QCOMPARE(log.events.count("Click"), 3);
+        button->setEnabled(false);
+        QTest::keyClick(button, Qt::Key_Space);
+        QCOMPARE(log.events.count("Click"), 3);
+
+        // Inside a frame it reads as its caption, not as the frame's title.
+        QCOMPARE(QAccessible::queryAccessibleInterface(button)->text(QAccessible::Name),
+                 QString("Laden"));
     }
 };
 

@@ -37,17 +37,17 @@ private:
             session.appDir = temp.path();
             modFunctions::EnsureProjectsFolder(session.appDir);
             modFunctions::CreateProjectFolders(session.appDir, "P");
-            session.activeProjectCaption = [this] { return session.ActiveProject; };
-            session.loadFactionRegistry = [this] {
+            QObject::connect(&session, &Session::RegistryChanged, [this] {
                 ++reloads;
                 shownFactions = modFunctions::RegistryNicknames(
-                    modFunctions::RegistryPath(session.appDir, session.activeProjectCaption()));
-            };
+                    modFunctions::RegistryPath(session.appDir, session.ActiveProjectCaption()));
+            });
             actions =
                 new ImportActions(session, dialogs, btnImport, btnImportAll, pgImportAll, &owner);
         }
         void Load(const std::string& project) {
             session.ActiveProject = project;
+            session.SetActiveProjectCaption(project);
             actions->UpdateEnabled();
         }
         std::string Protocol() const {
@@ -125,7 +125,7 @@ private slots:
         Setup s;
         modFunctions::CreateProjectFolders(s.session.appDir, "Q");
         s.Load("Q");
-        s.session.activeProjectCaption = [] { return std::string("P"); };
+        s.session.SetActiveProjectCaption("P");
         emit s.btnImport->Click();
         auto* File1 = s.actions->ImportDialog()->findChild<QListWidget*>("File1");
         emit File1->itemClicked(File1->findItems("li_n_grp", Qt::MatchExactly).front());

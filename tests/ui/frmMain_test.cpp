@@ -30,6 +30,83 @@
 
 namespace fs = std::filesystem;
 
+namespace {
+
+// The captions of both languages, written out here so that a wrong or swapped caption in the
+// window's own table fails: control, page (of a tab strip), German, English.
+struct LiteralCaption {
+    const char* control;
+    int page;
+    const char* german;
+    const char* english;
+};
+// clang-format off
+constexpr LiteralCaption LiteralCaptions[] = {
+    {"Label15", 0, "Doppelklicken um den selektierten Eintrag zu entfernen.", "Doubleclick to remove selected entry."},
+    {"Label16", 0, "Doppelklicken um den selektierten Eintrag zu entfernen.", "Doubleclick to remove selected entry."},
+    {"Label17", 0, "Doppelklicken um den selektierten Eintrag zu entfernen.", "Doubleclick to remove selected entry."},
+    {"Label19", 0, "Doppelklicken um den selektierten Eintrag zu entfernen.", "Doubleclick to remove selected entry."},
+    {"SSTab1", 0, "Projektmanager", "Projectmanager"},
+    {"VantelButton1", 0, "&Beenden", "&Exit"},
+    {"VantelButton2", 0, "Englische Version", "German Version"},
+    {"lbl_emphaty_object_destruction", 0, "Wertänderung bei zerstörtem Schiff dieser Fraktion", "Rep-change to this faction if you destroying a ship of them"},
+    {"Label3", 0, "Gruppenname", "Groupname"},
+    {"lbl_emphaty_rms", 0, "Wertänderung bei einer erfolgreich ausgeführten Zufalls-Mission", "Rep-change for a successed random-mission"},
+    {"lbl_emphaty_rmf", 0, "Wertänderung bei fehlgeschlagener Zufalls-Mission", "Rep-change for failured random-mission"},
+    {"lbl_emphaty_rma", 0, "Wertänderung bei abgebrochener Zufalls-Mission", "Rep-change for an aborted random-mission"},
+    {"VantelButton4", 0, "Aktualisieren", "Refresh"},
+    {"VantelButton5", 0, "Löschen", "Delete"},
+    {"VantelButton6", 0, "Laden", "Load"},
+    {"VantelButton7", 0, "Neu...", "New..."},
+    {"Frame1", 0, "Projektmanager", "Projectmanager"},
+    {"Frame2", 0, "Fraktionen bearbeiten", "Edit factions"},
+    {"txtdateiname", 0, "Projektname", "Projectname"},
+    {"Label1", 0, "Scroll-Tempo", "Scroll-speed"},
+    {"Label4", 0, "Zwischen 'Projektexplorer' und 'Fraktionen bearbeiten' wechseln", "Switching between 'projectmanager' and 'edit factions'"},
+    {"btnCreateXML", 0, "Generiere XML", "Generate XML"},
+    {"btnCopyXML", 0, "Kopieren", "Copy"},
+    {"btnSaveXML", 0, "Speichern unter...", "Save as..."},
+    {"Check1", 0, "Header benutzen", "Use header"},
+    {"Frame3", 0, "Header Einstellungen", "Header settings"},
+    {"txtHeadModName", 0, "Name der Mod", "Name of your mod"},
+    {"txtHeadModAutor", 0, "Autor", "Author"},
+    {"txtHeadModDescr", 0, "Beschreibung der Mod", "Mod Description"},
+    {"btnEmphatySave", 0, "INI erstellen", "Create INI"},
+    {"btnnewfactiondel", 0, "&Löschen", "De&lete"},
+    {"btnnewfactionnew", 0, "Neu/Speichern", "New/Save"},
+    {"btnnewfactionreload", 0, "Neu einlesen", "Reload"},
+    {"frmnewFaction", 0, "Eigenschaften", "Abilitys"},
+    {"lblNoProject", 0, "Kein Projekt ausgewählt!", "No project selected!"},
+    {"lblAktuellEmp", 0, "Aktuell", "Actually"},
+    {"lblGesamtEmp", 0, "Gesamt", "Total"},
+    {"lblEmphatyList", 0, "Es ist normal, das sich die aktive Fraktion auch in der Liste befindet", "It's normal that the active faction is registered"},
+    {"btnImport", 0, "Importiere Original", "Import original"},
+    {"btnImportAll", 0, "Alle importieren", "Import all"},
+    {"VantelButton9", 0, "Neu", "Add"},
+    {"VantelButton10", 0, "Neu", "Add"},
+    {"VantelButton8", 0, "Neu...", "Add..."},
+    {"VantelButton11", 0, "Neu", "Add"},
+    {"VantelButton12", 0, "Neu", "Add"},
+    {"SSTab2", 0, "Schiffe", "Ships"},
+    {"SSTab2", 1, "Stimmen", "Voice"},
+    {"SSTab2", 2, "Körper", "Bodyparts"},
+    {"SSTab2", 3, "Scan", "Scaning for..."},
+    {"SSTab2", 4, "Formationen", "Formations"},
+    {"Label20", 0, "Vorname männlich (IDS)", "Firstname male (IDS)"},
+    {"Label21", 0, "Vorname weiblich (IDS)", "Firstname female (IDS)"},
+    {"Label22", 0, "Nachname (IDS)", "Lastname (IDS)"},
+    {"Label29", 0, "Fracht scannen?", "Scan cargo?"},
+    {"Label26", 0, "Gesamt", "Total"},
+    {"VantelButton13", 0, "INI erstellen", "Create INI"},
+    {"Label31", 0, "Aktuell", "Actually"},
+    {"Label25", 0, "Gesamt", "Total"},
+    {"btnCompileFP", 0, "INI erstellen", "Create INI"},
+    {"lblFactions", 0, "Fraktionen gesamt:", "Factions total:"},
+};
+// clang-format on
+
+} // namespace
+
 class frmMainTest : public QObject {
     Q_OBJECT
 
@@ -52,7 +129,9 @@ private:
         const QByteArray handler = QByteArray(timer) + "_Timer";
         int ticks = 0;
         while (Timer(timer)->isActive() && ticks < 10000) {
-            QMetaObject::invokeMethod(window.get(), handler.constData());
+            // The handler belongs to the panel or animation that owns the timer.
+            if (!QMetaObject::invokeMethod(Timer(timer)->parent(), handler.constData()))
+                qFatal("no handler %s", handler.constData());
             ++ticks;
         }
         return ticks;
@@ -214,7 +293,7 @@ private slots:
         QVERIFY(Get<VantelButton>("btnImportAll")->isEnabled());
         QCOMPARE(session->ActiveProject, std::string("Alpha"));
         QCOMPARE(Get<QLabel>("lblActiveProject")->text(), QString("Alpha"));
-        QCOMPARE(session->activeProjectCaption(), std::string("Alpha"));
+        QCOMPARE(session->ActiveProjectCaption(), std::string("Alpha"));
         QCOMPARE(Get<QLabel>("lblFactionsGesamt")->text(), QString("0"));
         QCOMPARE(Get<QLabel>("Label4")->text(), QString("<--"));
         QVERIFY(Timer("Timer3")->isActive());
@@ -414,7 +493,7 @@ private slots:
         // A step that is not a number leaves the frames where they are, the timer runs on.
         Get<QLineEdit>("txtZeit")->setText("fast");
         QTest::mouseClick(Get<QLabel>("Label4"), Qt::LeftButton);
-        QMetaObject::invokeMethod(window.get(), "Timer3_Timer");
+        QVERIFY(QMetaObject::invokeMethod(Timer("Timer3")->parent(), "Timer3_Timer"));
         QVERIFY(Timer("Timer3")->isActive());
         QCOMPARE(twips::Width(frame1), 9880);
     }
@@ -453,8 +532,15 @@ private slots:
             }
             return {};
         };
+        const auto literal = [](const captions::Row& row) -> const LiteralCaption* {
+            for (const LiteralCaption& caption : LiteralCaptions)
+                if (caption.control == QByteArray(row.control) && caption.page == row.page)
+                    return &caption;
+            return nullptr;
+        };
         const auto check = [&](captions::Language language, bool firstCaptions) {
             int checked = 0;
+            int literals = 0;
             for (const captions::Row& row : captions::Table()) {
                 QList<QWidget*> widgets;
                 for (QWidget* widget :
@@ -463,8 +549,17 @@ private slots:
                         widgets << widget;
                 QVERIFY2(widgets.size() == 1, row.control);
                 for (QWidget* widget : widgets) {
+                    // The texts written out above; a row they do not list is only checked
+                    // for being there.
+                    const LiteralCaption* written = literal(row);
                     QString expected = QString::fromUtf8(
                         language == captions::Language::German ? row.german : row.english);
+                    if (written) {
+                        expected = QString::fromUtf8(language == captions::Language::German
+                                                         ? written->german
+                                                         : written->english);
+                        ++literals;
+                    }
                     if (firstCaptions && row.control == QByteArray("Label3"))
                         expected = "Gruppenname:";
                     if (firstCaptions && row.control == QByteArray("SSTab2") && row.page == 4)
@@ -476,6 +571,7 @@ private slots:
                 }
             }
             QCOMPARE(checked, qsizetype(captions::Table().size()));
+            QCOMPARE(literals, int(std::size(LiteralCaptions))); // none missing from the table
         };
 
         check(captions::Language::German, true);

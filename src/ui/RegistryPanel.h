@@ -1,0 +1,64 @@
+#pragma once
+// The faction registry panel (Frame2 on the first page): the registry list of the loaded
+// project, the form that adds, regroups and deletes factions, the reload button, the import
+// buttons with their progress bar, and the name of the loaded project.
+#include <QGroupBox>
+#include <vector>
+
+class QLabel;
+class QLineEdit;
+class QProgressBar;
+class QTreeWidget;
+class Dialogs;
+class ImportActions;
+class RegistryView;
+class Session;
+class VantelButton;
+
+class RegistryPanel : public QGroupBox {
+    Q_OBJECT
+public:
+    RegistryPanel(Session& session, Dialogs& dialogs, QWidget* parent = nullptr);
+
+    // A page whose pickers and list views LoadFactionRegistry fills, in the order added.
+    void AddView(RegistryView* view);
+    // One more image button on the panel, in the next free place of the button rows; the
+    // caller connects its Click and gives it its captions.
+    VantelButton* AddButton(const char* name);
+
+    // Refills the registry list and every view's pickers and list views from the registry
+    // of the project that lblActiveProject names. Any error ends it silently.
+    void LoadFactionRegistry();
+    // lblFactionsGesamt: the number of factions in the registry list.
+    void ShowFactionCount();
+    // The import buttons work only while a project is active.
+    void UpdateImportButtons();
+
+private slots:
+    void btnnewfactionnew_Click();
+    void btnnewfactiondel_Click();
+    void btnnewfactionreload_Click();
+    void lv_newfactions_Click();
+
+private:
+    Session& session;
+    Dialogs& dialogs;
+    std::vector<RegistryView*> views;
+    int addedButtons = 0;
+
+    QLabel* lblRegistryProject;
+    QTreeWidget* lv_newfactions;
+    QGroupBox* frmnewFaction;
+    QLineEdit* txtNewNick;
+    QLineEdit* txtNewDescr;
+    VantelButton* btnnewfactionnew;
+    VantelButton* btnnewfactiondel;
+    VantelButton* btnnewfactionreload;
+    QProgressBar* pgLoadProject;
+    QLabel* lblFactions;
+    QLabel* lblFactionsGesamt;
+    VantelButton* btnImport;
+    VantelButton* btnImportAll;
+    QProgressBar* pgImportAll;
+    ImportActions* importActions;
+};

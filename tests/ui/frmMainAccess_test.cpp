@@ -1,0 +1,224 @@
+// The main window for keyboard and screen-reader users, and the states that must not show
+// stale values or drop edits: driven through real key events and accessibility interfaces.
+#include "core/modFunctions.h"
+#include "core/txtReadWrite.h"
+#include "support/TempFolder.h"
+#include "ui/Session.h"
+#include "ui/VantelButton.h"
+#include "ui/frmFPBodyparts.h"
+#include "ui/frmMain.h"
+#include "ui/support/ScriptedDialogs.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPointer>
+#include <QTest>
+#include <QTimer>
+#include <memory>
+
+class frmMainAccessTest : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<TempFolder> folder;
+    std::unique_ptr<Session> session;
+    std::unique_ptr<ScriptedDialogs> dialogs;
+    std::unique_ptr<frmMain> window;
+
+    template <class T> T* Get(const char* name) {
+        T* widget = window->findChild<T*>(QString::fromLatin1(name));
+        if (!widget)
+            qFatal("no control %s", name);
+        return widget;
+    }
+    static QString AccessibleName(QWidget* widget) {
+        return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+    }
+    // The image buttons in the order Tab reaches them, starting from the exit button, once
+    // round the window.
+    QStringList TabOrder() {
+        auto* first = Get<VantelButton>("VantelButton1");
+        first->setFocus();
+        QStringList order{first->objectName()};
+        for (int i = 0; i < 200; ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            QWidget* focus = QApplication::focusWidget();
+            if (focus == first)
+                break;
+            if (qobject_cast<VantelButton*>(focus))
+                order << focus->objectName();
+        }
+        return order;
+    }
+    void LoadProject(const std::string& name) {
+        modFunctions::CreateProjectFolders(folder->path(), name);
+        modFunctions::SaveFaction(folder->path(), name, "A", "Alpha");
+        modFunctions::SaveFaction(folder->path(), name, "B", "Beta");
+        Get<VantelButton>("VantelButton4")->click();
+        auto* projects = Get<QListWidget>("lstProjects");
+        projects->setCurrentItem(
+            projects->findItems(QString::fromStdString(name), Qt::MatchExactly).front());
+        Get<VantelButton>("VantelButton6")->click();
+        QTRY_VERIFY_WITH_TIMEOUT(Get<QGroupBox>("Frame1")->isHidden(), 10000);
+    }
+    std::string Read(const std::string& piece) {
+        return txtReadWrite::ReadFileText((*folder) / ("projects/P/" + piece));
+    }
+
+private slots:
+    void init() {
+        folder = std::make_unique<TempFolder>();
+        session = std::make_unique<Session>();
+        session->appDir = folder->path();
+        dialogs = std::make_unique<ScriptedDialogs>();
+        window = std::make_unique<frmMain>(*session, *dialogs);
+        window->show();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    }
+    void cleanup() {
+        window.reset();
+        dialogs.reset();
+        session.reset();
+        folder.reset();
+    }
+
+    void TabReachesEveryImageButtonInOrderAndSpaceClicksIt() {
+        QCOMPARE(TabOrder(),
+                 QStringList({"VantelButton1", "VantelButton2", "VantelButton3", "VantelButton7",
+                              "VantelButton4", "VantelButton6", "VantelButton5"}));
+        auto* newProject = Get<VantelButton>("VantelButton7");
+        newProject->setFocus();
+        QVERIFY(newProject->findChild<QWidget*>("focusMark")->isVisible());
+        QTest::keyClick(newProject, Qt::Key_Space);
+        QVERIFY(Get<QTimer>("Timer1")->isActive()); // the name box opens
+
+        // On the registry panel, its buttons row by row.
+        LoadProject("P");
+        QCOMPARE(TabOrder(), QStringList({"VantelButton1", "VantelButton2", "VantelButton3",
+                                          "btnnewfactionnew", "btnnewfactiondel",
+                                          "btnnewfactionreload", "btnImport", "btnImportAll"}));
+    }
+
+    void ImageButtonsReadTheirOwnCaptionsInBothLanguages() {
+        // control, German, English: as read aloud, without the access-key "&".
+        const char* const expected[][3] = {
+            {"VantelButton1", "Beenden", "Exit"},
+            {"VantelButton2", "Englische Version", "German Version"},
+            {"VantelButton3", "?", "?"},
+            {"VantelButton7", "Neu...", "New..."},
+            {"VantelButton4", "Aktualisieren", "Refresh"},
+            {"VantelButton6", "Laden", "Load"},
+            {"VantelButton5", "Löschen", "Delete"},
+            {"btnnewfactionnew", "Neu/Speichern", "New/Save"},
+            {"btnnewfactiondel", "Löschen", "Delete"},
+            {"btnnewfactionreload", "Neu einlesen", "Reload"},
+            {"btnImport", "Importiere Original", "Import original"},
+            {"btnImportAll", "Alle importieren", "Import all"},
+        };
+        // The pick lists are named by their tabs' captions.
+        const char* const voices[] = {nullptr, "Stimmen", "Voice"};
+        for (const int language : {1, 2, 1}) {
+            for (const auto& row : expected)
+                QCOMPARE(AccessibleName(Get<QWidget>(row[0])), QString::fromUtf8(row[language]));
+            QCOMPARE(AccessibleName(Get<QWidget>("lstFPVoice")), QString(voices[language]));
+            Get<VantelButton>("VantelButton2")->click();
+        }
+        // The main window is a window named by its title.
+        QAccessibleInterface* main = QAccessible::queryAccessibleInterface(window.get());
+        QCOMPARE(main->role(), QAccessible::Window);
+        QCOMPARE(main->text(QAccessible::Name), QString("Orrindel 2.0 beta 2 || Halvex"));
+    }
+
+    void EveryControlTheKeyboardReachesHasAName() {
+        LoadProject("P");
+        for (const bool english : {false, true}) {
+            QStringList nameless;
+            for (QWidget* widget : window->findChildren<QWidget*>()) {
+                // What Tab can reach: not the combo boxes' pop-up lists, not what never shows.
+                if (!(widget->focusPolicy() & Qt::TabFocus) || widget->focusProxy() ||
+                    widget->inherits("QTabBar") || widget->inherits("QComboBoxListView") ||
+                    widget->isHidden())
+                    continue;
+                if (AccessibleName(widget).trimmed().isEmpty())
+                    nameless << widget->objectName() + "/" + widget->metaObject()->className();
+            }
+            QVERIFY2(nameless.isEmpty(), qPrintable(nameless.join(", ")));
+            if (!english)
+                Get<VantelButton>("VantelButton2")->click();
+        }
+    }
+
+    void BodyPartCombosAreNamedByTheirLabels() {
+        frmFPBodyparts dialog;
+        QCOMPARE(AccessibleName(dialog.findChild<QComboBox*>("Combo1")), QString("Head"));
+        QCOMPARE(AccessibleName(dialog.findChild<QComboBox*>("Combo2")), QString("Body"));
+        QCOMPARE(AccessibleName(dialog.findChild<QComboBox*>("Combo3")), QString("Accessory"));
+    }
+
+    void QuestionMarkTwiceLeavesOneAboutWindow() {
+        const auto abouts = [] {
+            int count = 0;
+            for (QWidget* top : QApplication::topLevelWidgets())
+                count += top->objectName() == "frmAbout" && top->isVisible();
+            return count;
+        };
+        Get<VantelButton>("VantelButton3")->click();
+        Get<VantelButton>("VantelButton3")->click();
+        QCOMPARE(abouts(), 1);
+        for (QWidget* top : QApplication::topLevelWidgets())
+            if (top->objectName() == "frmAbout")
+                top->close();
+        QTRY_COMPARE(abouts(), 0);
+        Get<VantelButton>("VantelButton3")->click();
+        QCOMPARE(abouts(), 1); // closed, it opens again
+        for (QWidget* top : QApplication::topLevelWidgets())
+            if (top->objectName() == "frmAbout")
+                top->close();
+    }
+
+    void AfterAReloadAnEditWithoutAChosenFactionIsRefusedNotDropped() {
+        LoadProject("P");
+        // The registry panel names the loaded project.
+        QCOMPARE(Get<QLabel>("lblRegistryProject")->text(), QString("P"));
+        QVERIFY(Get<QLabel>("lblRegistryProject")->isVisible());
+
+        QVERIFY(!window->ShowFaction(frmMain::FactionProp, "nobody"));
+        QVERIFY(window->ShowFaction(frmMain::FactionProp, "A"));
+        auto* male = Get<QLineEdit>("txtFPNameMale");
+        QTest::keyClicks(male, "12");
+        QVERIFY(Read("faction_prop/grp.ini").find("firstname_male=12\r\n") != std::string::npos);
+        QVERIFY(window->ShowFaction(frmMain::Emphaty, "A"));
+        QVERIFY(window->ShowFaction(frmMain::InitialWorld, "B"));
+        QCOMPARE(Get<QLineEdit>("txtInitName")->text(), QString("error"));
+
+        Get<VantelButton>("btnnewfactionreload")->click();
+        const std::string sheet = Read("faction_prop/grp.ini");
+        const std::string world = Read("initialworld/grp.ini");
+        // No stale values under the empty pickers, and the controls take no typing.
+        QCOMPARE(Get<QComboBox>("cboFP_group")->currentText(), QString());
+        QCOMPARE(male->text(), QString());
+        QVERIFY(!male->isEnabled());
+        QTest::keyClicks(male, "9");
+        QCOMPARE(male->text(), QString());
+        QVERIFY(!Get<QComboBox>("Combo1")->isEnabled());
+        QCOMPARE(Get<QLineEdit>("txtInitName")->text(), QString());
+        QVERIFY(!Get<QLineEdit>("txtInitName")->isEnabled());
+        QTest::keyClicks(Get<QLineEdit>("txtInitName"), "9");
+        QCOMPARE(Read("faction_prop/grp.ini"), sheet);
+        QCOMPARE(Read("initialworld/grp.ini"), world);
+        QVERIFY(dialogs->shown.empty());
+
+        // Choosing again makes the page editable with the stored values.
+        QVERIFY(window->ShowFaction(frmMain::FactionProp, "A"));
+        QVERIFY(male->isEnabled());
+        QCOMPARE(male->text(), QString("12"));
+    }
+};
+
+QTEST_MAIN(frmMainAccessTest)
+#include "frmMainAccess_test.moc"
