@@ -1,16 +1,24 @@
 #!/usr/bin/env bash
 # Builds everything and runs every test: the core and window tests (the window ones offscreen),
-# then the core tests again under AddressSanitizer and UndefinedBehaviorSanitizer.
+# then the core tests again under AddressSanitizer and UndefinedBehaviorSanitizer, then the
+# Release build a packager makes, its Debian package, and that package installed in a scratch root.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/install-deps.sh
 export QT_QPA_PLATFORM=offscreen
 
-cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
+cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DORRINDEL_WERROR=ON
 cmake --build build
 ctest --test-dir build --output-on-failure
 
-cmake -S . -B build-sanitize -G Ninja -DCMAKE_BUILD_TYPE=Debug \
+cmake -S . -B build-sanitize -G Ninja -DCMAKE_BUILD_TYPE=Debug -DORRINDEL_WERROR=ON \
     -DORRINDEL_CORE_ONLY=ON -DORRINDEL_SANITIZE=ON -DORRINDEL_BENCH=OFF
 cmake --build build-sanitize --target core_tests orrindel-cli
 ctest --test-dir build-sanitize --output-on-failure
+
+cmake -S . -B build-release -G Ninja -DCMAKE_BUILD_TYPE=Release -DORRINDEL_WERROR=ON \
+    -DORRINDEL_TESTS=OFF -DORRINDEL_BENCH=OFF
+cmake --build build-release
+rm -f build-release/orrindel_*.deb
+(cd build-release && cpack -G DEB)
+bash scripts/check-package.sh build-release/orrindel_*.deb build/bin/orrindel-cli

@@ -1,5 +1,6 @@
 #include "cli/Command.h"
 #include "core/ApplicationFolder.h"
+#include "core/BuildInfo.h"
 #include "core/modFunctions.h"
 #include "core/names.h"
 #include "core/platform.h"
@@ -15,6 +16,7 @@ namespace {
 void PrintUsage(std::ostream& out) {
     out << "usage: orrindel-cli [--app-dir DIR] COMMAND ARGS\n"
            "       orrindel-cli COMMAND --help\n"
+           "       orrindel-cli --version\n"
            "A \"--\" among the ARGS ends the options: what follows it is taken as it is.\n\n"
            "commands:\n";
     for (const Command& command : Commands()) {
@@ -49,8 +51,11 @@ int Failure(Context& context, std::string_view message) {
 
 std::optional<std::string> FileText(Context& context, std::string_view utf8) {
     auto bytes = win1252::FromUtf8(utf8);
-    if (!bytes)
-        Failure(context, "\"" + std::string(utf8) + "\" holds a character outside Windows-1252");
+    if (!bytes) {
+        // Appended rather than "\"" + ...: GCC 12 at -O3 warns falsely (-Wrestrict) on that.
+        Failure(context,
+                std::string("\"").append(utf8).append("\" holds a character outside Windows-1252"));
+    }
     return bytes;
 }
 
@@ -89,6 +94,10 @@ int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& e
     std::string appDir;
     if (i < args.size() && (args[i] == "--help" || args[i] == "-h")) {
         PrintUsage(out);
+        return Ok;
+    }
+    if (i < args.size() && args[i] == "--version") {
+        out << "orrindel-cli " << buildInfo::Version << "\n";
         return Ok;
     }
     if (i < args.size() && args[i] == "--app-dir") {

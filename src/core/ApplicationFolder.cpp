@@ -1,5 +1,7 @@
 #include "core/ApplicationFolder.h"
 
+#include "core/BuildInfo.h"
+
 #include <cstdlib>
 #include <filesystem>
 #include <unistd.h>
@@ -33,7 +35,7 @@ bool SeedLibrary(const fs::path& shipped, const fs::path& target) {
 Choice Choose(const std::string& exeFolder) {
     std::error_code ec;
     const fs::path exe(exeFolder);
-    const fs::path installed = (exe / "../share/orrindel/data").lexically_normal();
+    const fs::path installed = (exe / buildInfo::InstalledLibraryFromPrograms).lexically_normal();
     // Installed: the shared library folder exists and nothing sits beside the program. Being
     // writable alone says little (the superuser, or a prefix in the user's home).
     const bool isInstalled = fs::is_directory(installed, ec) && !fs::exists(exe / "data", ec);

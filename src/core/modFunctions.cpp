@@ -163,7 +163,8 @@ std::string SaveFaction(std::string_view appDir, std::string_view project,
 
 std::string RegistryWithoutFaction(std::string_view text, std::string_view nickname,
                                    std::string_view group) {
-    const std::string sectionLine = "[" + std::string(nickname) + "]";
+    // Appended rather than "[" + ...: GCC 12 at -O3 warns falsely (-Wrestrict) on that.
+    const std::string sectionLine = std::string("[").append(nickname).append("]");
     const std::string groupLine = "grp=" + std::string(group);
     std::string out;
     out.reserve(text.size());

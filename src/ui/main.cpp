@@ -1,4 +1,5 @@
 #include "core/ApplicationFolder.h"
+#include "core/BuildInfo.h"
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
 #include "ui/Dialogs.h"
@@ -11,7 +12,9 @@
 #include <QIcon>
 #include <QMessageBox>
 #include <clocale>
+#include <iostream>
 #include <optional>
+#include <string_view>
 
 namespace {
 
@@ -29,6 +32,13 @@ std::optional<QString> AppDirArgument(const QStringList& arguments, QString* pro
 } // namespace
 
 int main(int argc, char** argv) {
+    // Answered before the application object exists, which needs a display.
+    for (int i = 1; i < argc; ++i) {
+        if (std::string_view(argv[i]) == "--version") {
+            std::cout << "orrindel " << buildInfo::Version << "\n";
+            return 0;
+        }
+    }
     QApplication app(argc, argv);
     Q_INIT_RESOURCE(orrindel);   // the resources live in the UI library
     std::setlocale(LC_TIME, ""); // protocol dates follow the user's locale

@@ -1,4 +1,5 @@
 #include "core/ApplicationFolder.h"
+#include "core/BuildInfo.h"
 #include "support/TempFolder.h"
 
 #include <cstdlib>
@@ -13,8 +14,11 @@ TEST(ApplicationFolder, BuiltCopyUsesItsOwnFolderAndInstalledCopyTheSeededUserFo
     EXPECT_EQ(applicationFolder::Choose(root / "build/bin").folder, root / "build/bin");
 
     fs::create_directories(root / "prefix/bin");
-    fs::create_directories(root / "prefix/share/orrindel/data/emphaty/original_factions");
-    TempFolder::Write(root / "prefix/share/orrindel/data/emphaty/original_factions/li_n_grp", "x");
+    const fs::path installed =
+        (fs::path(root / "prefix/bin") / buildInfo::InstalledLibraryFromPrograms)
+            .lexically_normal();
+    fs::create_directories(installed / "emphaty/original_factions");
+    TempFolder::Write(installed / "emphaty/original_factions/li_n_grp", "x");
     const char* previous = std::getenv("XDG_DATA_HOME");
     const std::string saved = previous ? previous : "";
     ::setenv("XDG_DATA_HOME", (root / "user").c_str(), 1);
