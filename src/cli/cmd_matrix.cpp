@@ -30,8 +30,8 @@ int RunMatrix(const Arguments& args, Context& context) {
     std::vector<std::string> usable;
     for (const std::string& nickname : factions) {
         if (const auto reason = names::Refusal(nickname))
-            context.err << "orrindel-cli matrix: left out \"" << win1252::ToUtf8(nickname) << "\": " << *reason
-                        << "\n";
+            context.err << "orrindel-cli matrix: left out \"" << win1252::ToUtf8(nickname)
+                        << "\": " << *reason << "\n";
         else
             usable.push_back(nickname);
     }

@@ -106,8 +106,7 @@ Matrix Load(Store store, std::string_view projectFolder, const std::vector<std::
                 Put(matrix, row, column, Entry(*rates, factions[column], RateKey));
         }
     } else {
-        const auto world =
-            txtReadWrite::ReadIniDocument(initialworld::DataFile(projectFolder));
+        const auto world = txtReadWrite::ReadIniDocument(initialworld::DataFile(projectFolder));
         for (std::size_t row = 0; row < n; ++row)
             for (std::size_t column = 0; column < n; ++column)
                 Put(matrix, row, column, Entry(*world, factions[row], factions[column]));
@@ -133,8 +132,8 @@ void Edit(Store store, std::string_view projectFolder, Matrix& matrix, std::size
             Put(matrix, row, c, Entry(*rates, factions[c], RateKey));
         if (mirror)
             Put(matrix, column, row,
-                Entry(*txtReadWrite::ReadIniDocument(reputation::EmpathyFile(projectFolder, s)),
-                      g, RateKey));
+                Entry(*txtReadWrite::ReadIniDocument(reputation::EmpathyFile(projectFolder, s)), g,
+                      RateKey));
         return;
     }
     const std::string file = initialworld::DataFile(projectFolder);

@@ -8,6 +8,7 @@
 #include "ui/FactionPropsPage.h"
 #include "ui/ImportActions.h"
 #include "ui/InitialWorldPage.h"
+#include "ui/MatrixPage.h"
 #include "ui/ReputationPage.h"
 #include "ui/Session.h"
 #include "ui/Text.h"
@@ -123,7 +124,9 @@ frmMain::frmMain(Session& session_, Dialogs& dialogs_, QWidget* parent)
     SSTab1->addTab(factionPropsPage, QStringLiteral("Faction_Prop.ini"));
     SSTab1->addTab(initialWorldPage, QStringLiteral("Initialworld.ini"));
     SSTab1->addTab(xmlScriptPage, QStringLiteral("XML-Script"));
-    registryViews = {reputationPage, factionPropsPage, initialWorldPage};
+    auto* matrixPage = new MatrixPage(session, dialogs, this);
+    SSTab1->addTab(matrixPage, QStringLiteral("Matrix"));
+    registryViews = {reputationPage, factionPropsPage, initialWorldPage, matrixPage};
     importActions = new ImportActions(session, dialogs, btnImport, btnImportAll, pgImportAll, this);
 
     Form_Load();

@@ -16,9 +16,8 @@ protected:
         modFunctions::CreateProjectFolders(app.path(), "Mod");
         folder = modFunctions::ProjectPath(app.path(), "Mod");
         // A: its own row, a section in another letter case, an out-of-range and a word.
-        Write("emphaty/new/reps_A.facts",
-              "[A]\r\nrep=1.5\r\n[b]\r\nrep=-0.5\r\n[K\xE4"
-              "fer]\r\nrep=friendly\r\n");
+        Write("emphaty/new/reps_A.facts", "[A]\r\nrep=1.5\r\n[b]\r\nrep=-0.5\r\n[K\xE4"
+                                          "fer]\r\nrep=friendly\r\n");
         // B: an escaped line break, a blank value; K\xE4fer has no file at all.
         Write("emphaty/new/reps_B.facts", "[A]\r\nrep=  0.3 \r\n[B]\r\nrep=\r\n[K\xE4"
                                           "fer]\r\nrep=a/20&\\b\r\n");
@@ -43,8 +42,9 @@ protected:
 
     TempFolder app;
     std::string folder;
-    const std::vector<std::string> factions = {"A", "B", "K\xE4"
-                                                         "fer"};
+    const std::vector<std::string> factions = {"A", "B",
+                                               "K\xE4"
+                                               "fer"};
 };
 
 TEST_F(ReputationMatrixTest, CellsAreWhatAReadOfEachStoreReturns) {
@@ -53,7 +53,7 @@ TEST_F(ReputationMatrixTest, CellsAreWhatAReadOfEachStoreReturns) {
                                                       "0.3", "", "a\r\nb",       //
                                                       "-", "-", "-"}));
     const auto world = matrix::Load(Store::InitialWorld, folder, factions);
-    EXPECT_EQ(Cells(world), (std::vector<std::string>{"-", "0.9", "-", //
+    EXPECT_EQ(Cells(world), (std::vector<std::string>{"-", "0.9", "-",  //
                                                       "-1", "+.5", "-", //
                                                       "1,0", "-", "-"}));
 }
@@ -88,10 +88,9 @@ TEST_F(ReputationMatrixTest, EditsLeaveTheMatrixAsAFreshLoadReadsIt) {
                    "fer.facts"),
               "[A]\r\nrep= -0.25\r\n[B]\r\nrep=0.0\r\n[K\xE4"
               "fer]\r\nrep=0.0\r\n");
-    EXPECT_EQ(Read("initialworld/grp.ini"),
-              "[A]\r\nids_name=1\r\nB=0.7\r\nK\xE4"
-              "fer= -0.25\r\n[B]\r\nA=-1\r\nb=x\r\n[K\xE4"
-              "fer]\r\nA= -0.25\r\n");
+    EXPECT_EQ(Read("initialworld/grp.ini"), "[A]\r\nids_name=1\r\nB=0.7\r\nK\xE4"
+                                            "fer= -0.25\r\n[B]\r\nA=-1\r\nb=x\r\n[K\xE4"
+                                            "fer]\r\nA= -0.25\r\n");
 }
 
 TEST_F(ReputationMatrixTest, AsymmetryComparesNumbersByValueAndTheRestAsText) {
@@ -110,8 +109,9 @@ TEST_F(ReputationMatrixTest, AsymmetryComparesNumbersByValueAndTheRestAsText) {
 }
 
 TEST_F(ReputationMatrixTest, FilterNarrowsByGroupAndNicknameTextIgnoringCase) {
-    const std::vector<std::string> nicks = {"li_n_grp", "LI_p_grp", "fc_x_grp", "K\xC4"
-                                                                                "fer"};
+    const std::vector<std::string> nicks = {"li_n_grp", "LI_p_grp", "fc_x_grp",
+                                            "K\xC4"
+                                            "fer"};
     const std::vector<std::string> groups = {"Liberty", "Liberty", "Corsairs", "Bugs"};
     EXPECT_EQ(matrix::Filter(nicks, groups, "", ""), (std::vector<std::size_t>{0, 1, 2, 3}));
     EXPECT_EQ(matrix::Filter(nicks, groups, "Liberty", ""), (std::vector<std::size_t>{0, 1}));
@@ -123,19 +123,17 @@ TEST_F(ReputationMatrixTest, FilterNarrowsByGroupAndNicknameTextIgnoringCase) {
 
 TEST_F(ReputationMatrixTest, CsvAndTabsHoldTheValuesAsReadInUtf8) {
     const auto rates = matrix::Load(Store::Emphaty, folder, factions);
-    EXPECT_EQ(matrix::Formatted(rates, {0, 1, 2}, matrix::Format::Csv),
-              ",A,B,K\xC3\xA4"
-              "fer\r\n"
-              "A,1.5,-0.5,friendly\r\n"
-              "B,0.3,,\"a\r\nb\"\r\n"
-              "K\xC3\xA4"
-              "fer,,,\r\n");
-    EXPECT_EQ(matrix::Formatted(rates, {2, 1}, matrix::Format::Tabs),
-              "\tK\xC3\xA4"
-              "fer\tB\n"
-              "K\xC3\xA4"
-              "fer\t\t\n"
-              "B\ta/20&\\b\t\n");
+    EXPECT_EQ(matrix::Formatted(rates, {0, 1, 2}, matrix::Format::Csv), ",A,B,K\xC3\xA4"
+                                                                        "fer\r\n"
+                                                                        "A,1.5,-0.5,friendly\r\n"
+                                                                        "B,0.3,,\"a\r\nb\"\r\n"
+                                                                        "K\xC3\xA4"
+                                                                        "fer,,,\r\n");
+    EXPECT_EQ(matrix::Formatted(rates, {2, 1}, matrix::Format::Tabs), "\tK\xC3\xA4"
+                                                                      "fer\tB\n"
+                                                                      "K\xC3\xA4"
+                                                                      "fer\t\t\n"
+                                                                      "B\ta/20&\\b\t\n");
     matrix::Matrix quoted({"A"});
     quoted.Set(0, 0, "say \"hi\", then");
     EXPECT_EQ(matrix::Formatted(quoted, {0}, matrix::Format::Csv),
