@@ -255,12 +255,26 @@ std::optional<std::string_view> IniDocument::Stored(std::string_view section,
     return Trim(text.substr(text.find('=') + 1));
 }
 
-std::string IniDocument::Read(std::string_view section, std::string_view key,
-                              std::string_view defaultValue) const {
-    std::string_view value = Stored(section, key).value_or(defaultValue);
+namespace {
+// A value as a read returns it: cut to the read limit, then escapes decoded.
+std::string Decoded(std::string_view value) {
     if (value.size() > ini::MaxReadBytes)
         value = value.substr(0, ini::MaxReadBytes);
     return ini::UnescapeLineBreaks(value);
+}
+} // namespace
+
+std::string IniDocument::Read(std::string_view section, std::string_view key,
+                              std::string_view defaultValue) const {
+    return Decoded(Stored(section, key).value_or(defaultValue));
+}
+
+std::optional<std::string> IniDocument::ReadStored(std::string_view section,
+                                                   std::string_view key) const {
+    const auto stored = Stored(section, key);
+    if (!stored)
+        return std::nullopt;
+    return Decoded(*stored);
 }
 
 bool IniDocument::Write(std::string_view section, std::string_view key, std::string_view value) {

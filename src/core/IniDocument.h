@@ -20,6 +20,8 @@ public:
     // What a read returns: the stored value or the default, cut to 254 bytes, escapes decoded.
     std::string Read(std::string_view section, std::string_view key,
                      std::string_view defaultValue) const;
+    // What a read returns when the key is stored; nullopt when it is not (one lookup).
+    std::optional<std::string> ReadStored(std::string_view section, std::string_view key) const;
     // Stores a value (CR LF escaped here). False when the stored value was equal already.
     bool Write(std::string_view section, std::string_view key, std::string_view value);
 

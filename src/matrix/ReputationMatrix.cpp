@@ -14,14 +14,6 @@ namespace {
 
 constexpr std::string_view RateKey = "rep";
 
-// What a read of the entry returns, or nullopt when it is not stored.
-std::optional<std::string> Entry(const IniDocument& document, std::string_view section,
-                                 std::string_view key) {
-    if (!document.Stored(section, key))
-        return std::nullopt;
-    return document.Read(section, key, {});
-}
-
 void Put(Matrix& matrix, std::size_t row, std::size_t column, std::optional<std::string> entry) {
     if (entry)
         matrix.Set(row, column, std::move(*entry));
@@ -103,13 +95,13 @@ Matrix Load(Store store, std::string_view projectFolder, const std::vector<std::
             const auto rates = txtReadWrite::ReadIniDocument(
                 reputation::EmpathyFile(projectFolder, factions[row]));
             for (std::size_t column = 0; column < n; ++column)
-                Put(matrix, row, column, Entry(*rates, factions[column], RateKey));
+                Put(matrix, row, column, rates->ReadStored(factions[column], RateKey));
         }
     } else {
         const auto world = txtReadWrite::ReadIniDocument(initialworld::DataFile(projectFolder));
         for (std::size_t row = 0; row < n; ++row)
             for (std::size_t column = 0; column < n; ++column)
-                Put(matrix, row, column, Entry(*world, factions[row], factions[column]));
+                Put(matrix, row, column, world->ReadStored(factions[row], factions[column]));
     }
     return matrix;
 }
@@ -129,19 +121,19 @@ void Edit(Store store, std::string_view projectFolder, Matrix& matrix, std::size
         // Every entry of g's file is stored now; read back what the file holds.
         const auto rates = txtReadWrite::ReadIniDocument(file);
         for (std::size_t c = 0; c < factions.size(); ++c)
-            Put(matrix, row, c, Entry(*rates, factions[c], RateKey));
+            Put(matrix, row, c, rates->ReadStored(factions[c], RateKey));
         if (mirror)
             Put(matrix, column, row,
-                Entry(*txtReadWrite::ReadIniDocument(reputation::EmpathyFile(projectFolder, s)), g,
-                      RateKey));
+                txtReadWrite::ReadIniDocument(reputation::EmpathyFile(projectFolder, s))
+                    ->ReadStored(g, RateKey));
         return;
     }
     const std::string file = initialworld::DataFile(projectFolder);
     initialworld::WriteReputation(file, g, s, value, mirror);
     const auto world = txtReadWrite::ReadIniDocument(file);
-    Put(matrix, row, column, Entry(*world, g, s));
+    Put(matrix, row, column, world->ReadStored(g, s));
     if (mirror)
-        Put(matrix, column, row, Entry(*world, s, g));
+        Put(matrix, column, row, world->ReadStored(s, g));
 }
 
 Reading Read(std::string_view value, bool stored) {
