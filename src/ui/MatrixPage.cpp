@@ -17,6 +17,7 @@
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
@@ -175,6 +176,7 @@ MatrixPage::MatrixPage(Session& session, Dialogs& dialogs, QWidget* parent)
     connect(txtMatrixFilter, &QLineEdit::textChanged, this, &MatrixPage::txtMatrixFilter_Change);
     connect(chkMatrixAsymmetric, &QCheckBox::toggled, this, &MatrixPage::chkMatrixAsymmetric_Click);
     connect(grdMatrix, &QTableView::doubleClicked, this, &MatrixPage::grdMatrix_DblClick);
+    grdMatrix->installEventFilter(this);
     connect(grdMatrix, &QTableView::entered, this, &MatrixPage::grdMatrix_MouseMove);
     connect(btnMatrixCsv, &VantelButton::Click, this, &MatrixPage::btnMatrixCsv_Click);
     connect(btnMatrixPng, &VantelButton::Click, this, &MatrixPage::btnMatrixPng_Click);
@@ -237,6 +239,18 @@ void MatrixPage::showEvent(QShowEvent* event) {
     // The other pages may have changed the store since it was last shown.
     if (!event->spontaneous())
         Reload();
+}
+
+bool MatrixPage::eventFilter(QObject* watched, QEvent* event) {
+    // Enter edits the current cell as a double-click does, for those who use the keyboard.
+    if (watched == grdMatrix && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            grdMatrix_DblClick(grdMatrix->currentIndex());
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void MatrixPage::ApplyFilter() {

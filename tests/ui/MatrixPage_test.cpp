@@ -32,6 +32,7 @@ private slots:
     void cellsShowTheStoresAndTheFilterNarrowsRowsAndColumns();
     void editsWriteTheBytesOfTheOwningPagesEdit();
     void exportsWriteTheShownMatrix();
+    void aFailedEditIsToldNamingTheFileAndLeavesTheCell();
 
 private:
     // A project with three factions and both stores partly filled.
@@ -61,8 +62,9 @@ private:
         for (const char* folder : {"emphaty/new", "initialworld"})
             for (const auto& entry :
                  fs::directory_iterator(*app / ("projects/" + name + "/" + folder)))
-                files[std::string(folder) + "/" + entry.path().filename().string()] =
-                    TempFolder::Read(entry.path().string());
+                if (entry.is_regular_file())
+                    files[std::string(folder) + "/" + entry.path().filename().string()] =
+                        TempFolder::Read(entry.path().string());
         return files;
     }
     QTableView* Grid() { return page->findChild<QTableView*>("grdMatrix"); }
@@ -203,6 +205,11 @@ void MatrixPageTest::editsWriteTheBytesOfTheOwningPagesEdit() {
     const auto before = Stores("Grid");
     emit Grid()->doubleClicked(Model()->index(0, 1));
     QCOMPARE(Stores("Grid"), before);
+    // Enter on the current cell asks as a double-click does.
+    Grid()->setCurrentIndex(Model()->index(1, 0));
+    dialogs.Answer("0.125");
+    QTest::keyClick(Grid(), Qt::Key_Return);
+    QCOMPARE(Cell(1, 0), QString("0.125"));
     QVERIFY(dialogs.shown.empty());
 }
 
@@ -223,6 +230,24 @@ void MatrixPageTest::exportsWriteTheShownMatrix() {
     QVERIFY(!page->ExportCsvTo(QString::fromStdString(*app / "no/such/folder/x.csv")));
     QCOMPARE(dialogs.shown.size(), std::size_t(1));
     QVERIFY(dialogs.shown.front().text.contains("x.csv"));
+}
+
+void MatrixPageTest::aFailedEditIsToldNamingTheFileAndLeavesTheCell() {
+    // A folder where B's empathy file belongs: it reads as missing and cannot be written.
+    fs::create_directory(*app / "projects/Grid/emphaty/new/reps_B.facts.d");
+    fs::remove(*app / "projects/Grid/emphaty/new/reps_B.facts");
+    fs::rename(*app / "projects/Grid/emphaty/new/reps_B.facts.d",
+               *app / "projects/Grid/emphaty/new/reps_B.facts");
+    page->Reload();
+    const auto before = Stores("Grid");
+    dialogs.Answer("0.5");
+    emit Grid()->doubleClicked(Model()->index(1, 0)); // B toward A, mirrored into A's file
+    QCOMPARE(dialogs.shown.size(), std::size_t(1));
+    QVERIFY(dialogs.shown.front().text.contains("reps_B.facts"));
+    QCOMPARE(Cell(1, 0), QString());
+    QCOMPARE(Cell(0, 1), QString("-0.5"));
+    QCOMPARE(TempFolder::Read(*app / "projects/Grid/emphaty/new/reps_A.facts"),
+             before.at("emphaty/new/reps_A.facts"));
 }
 
 QTEST_MAIN(MatrixPageTest)
