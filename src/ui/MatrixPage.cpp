@@ -26,6 +26,7 @@
 #include <QTableView>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <optional>
 #include <set>
 
 namespace {
@@ -220,7 +221,7 @@ void MatrixPage::Reload() {
     factions.reserve(entries_.size());
     for (const auto& entry : entries_)
         factions.push_back(entry.nickname);
-    matrix::Matrix data(factions);
+    std::optional<matrix::Matrix> data;
     if (!session.ActiveProject.empty()) {
         try {
             data = matrix::Load(CurrentStore(), session.ProjectPath(), factions);
@@ -229,7 +230,8 @@ void MatrixPage::Reload() {
                               Dialogs::Describe(error));
         }
     }
-    model->Reset(std::move(data));
+    // Without a project (or after a failure) the factions are shown with nothing stored.
+    model->Reset(data ? std::move(*data) : matrix::Matrix(factions));
     model->SetHighlightAsymmetric(chkMatrixAsymmetric->isChecked());
     ApplyFilter();
 }
