@@ -75,6 +75,7 @@ MatrixPage::MatrixPage(Session& session, Dialogs& dialogs, QWidget* parent)
     lblMatrixFilter =
         Named(new QLabel(QStringLiteral("Nickname enthält"), this), "lblMatrixFilter");
     txtMatrixFilter = Named(new QLineEdit(this), "txtMatrixFilter");
+    txtMatrixFilter->setMinimumWidth(160);
     lblMatrixGroup->setBuddy(cboMatrixGroup);
     lblMatrixFilter->setBuddy(txtMatrixFilter);
 
@@ -138,10 +139,13 @@ MatrixPage::MatrixPage(Session& session, Dialogs& dialogs, QWidget* parent)
     top->addWidget(optMatrixEmphaty);
     top->addWidget(optMatrixInitialworld);
     top->addStretch();
-    top->addWidget(lblMatrixGroup);
-    top->addWidget(cboMatrixGroup);
-    top->addWidget(lblMatrixFilter);
-    top->addWidget(txtMatrixFilter);
+    auto* filter = new QHBoxLayout;
+    filter->addWidget(lblMatrixGroup);
+    filter->addWidget(cboMatrixGroup);
+    filter->addSpacing(12);
+    filter->addWidget(lblMatrixFilter);
+    filter->addWidget(txtMatrixFilter);
+    filter->addStretch();
 
     auto* legend = new QHBoxLayout;
     legend->addWidget(lblMatrixCell, 1);
@@ -166,6 +170,7 @@ MatrixPage::MatrixPage(Session& session, Dialogs& dialogs, QWidget* parent)
 
     auto* page = new QVBoxLayout(this);
     page->addLayout(top);
+    page->addLayout(filter);
     page->addWidget(grdMatrix, 1);
     page->addLayout(legend);
     page->addLayout(bottom);
