@@ -44,16 +44,6 @@ std::vector<std::string> ReadRates(const std::string& empathyFile,
     return rates;
 }
 
-void StoreRates(const std::string& empathyFile, const std::vector<std::string>& towards,
-                const std::vector<std::string>& rates) {
-    if (towards.size() != rates.size())
-        throw std::invalid_argument("StoreRates: one rate per faction expected");
-    txtReadWrite::Transaction transaction;
-    for (std::size_t i = 0; i < towards.size(); ++i)
-        transaction.WriteIni(towards[i], RateKey, rates[i], empathyFile);
-    transaction.Commit();
-}
-
 void StoreEditedRate(std::string_view projectFolder, std::string_view faction,
                      const std::vector<std::string>& towards, std::vector<std::string> rates,
                      std::size_t edited, std::string_view value, bool mirror) {
