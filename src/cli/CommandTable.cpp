@@ -17,6 +17,7 @@ int RunImport(const Arguments&, Context&);
 int RunImportAll(const Arguments&, Context&);
 int RunCutLibrary(const Arguments&, Context&);
 int RunScript(const Arguments&, Context&);
+int RunMatrix(const Arguments&, Context&);
 
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
@@ -44,6 +45,8 @@ const std::vector<Command>& Commands() {
         {"script",
          "[--header] [--name N] [--script-version V] [--url U] [--author A] [--description D]",
          "print the mod manager's install script (header fields count with --header)", RunScript},
+        {"matrix", "PROJECT emphaty|initialworld [--csv]",
+         "every faction's reputation toward every faction, tab-separated or CSV", RunMatrix},
     };
     return commands;
 }

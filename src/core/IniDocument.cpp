@@ -107,6 +107,9 @@ bool FoldedEqual(std::string_view a, std::string_view b) {
     return true;
 }
 
+// Sections with at most this many keys are searched line by line instead of indexed.
+constexpr std::uint32_t SmallSection = 8;
+
 constexpr std::string_view EndingBytes(std::uint8_t ending) {
     return ending == 2   ? std::string_view("\r\n")
            : ending == 1 ? std::string_view("\n")
@@ -211,7 +214,7 @@ void IniDocument::AddLine(std::uint32_t store, std::size_t offset, std::size_t l
     const std::string_view text = Text(lines_.back());
     if (const auto name = SectionNameOf(text)) {
         const auto number = static_cast<std::uint32_t>(sections_.size());
-        sections_.push_back({index, index, {}});
+        sections_.push_back({index, index, 0, false, {}});
         sectionIndex_.Insert(*name, FoldedHash(*name), number,
                              [this](std::uint32_t id) { return SectionName(id); });
         return;
@@ -220,11 +223,25 @@ void IniDocument::AddLine(std::uint32_t store, std::size_t offset, std::size_t l
         return;
     Section& section = sections_.back();
     section.lastLine = index;
-    if (const auto key = KeyOf(text)) {
-        const std::uint32_t header = section.header;
-        section.keys.Insert(*key, FoldedHash(*key), index - header,
-                            [this, header](std::uint32_t id) { return KeyOfLine(header + id); });
+    if (const auto key = KeyOf(text))
+        AddKey(section, *key, index);
+}
+
+void IniDocument::AddKey(Section& section, std::string_view key, std::uint32_t line) {
+    const std::uint32_t header = section.header;
+    const auto keyOf = [this, header](std::uint32_t id) { return KeyOfLine(header + id); };
+    if (section.indexed) {
+        section.keys.Insert(key, FoldedHash(key), line - header, keyOf);
+        return;
     }
+    // Most sections hold a key or two (one rate per section in an empathy file): a hash table
+    // each would cost more to build than the few lines cost to search.
+    if (++section.keyCount <= SmallSection)
+        return;
+    section.indexed = true;
+    for (std::uint32_t at = header + 1; at <= section.lastLine; ++at)
+        if (const auto name = KeyOf(Text(at)))
+            section.keys.Insert(*name, FoldedHash(*name), at - header, keyOf);
 }
 
 const IniDocument::Section* IniDocument::FindSection(std::string_view section) const {
@@ -236,6 +253,13 @@ const IniDocument::Section* IniDocument::FindSection(std::string_view section) c
 std::optional<std::size_t> IniDocument::FindKeyLine(const Section& section,
                                                     std::string_view key) const {
     const std::uint32_t header = section.header;
+    if (!section.indexed) {
+        // The first of equal keys counts, as in the index.
+        for (std::uint32_t at = header + 1; at <= section.lastLine; ++at)
+            if (const auto name = KeyOf(Text(at)); name && FoldedEqual(*name, key))
+                return at;
+        return std::nullopt;
+    }
     const auto found = section.keys.Find(
         key, FoldedHash(key), [this, header](std::uint32_t id) { return KeyOfLine(header + id); });
     if (!found)
@@ -255,12 +279,26 @@ std::optional<std::string_view> IniDocument::Stored(std::string_view section,
     return Trim(text.substr(text.find('=') + 1));
 }
 
-std::string IniDocument::Read(std::string_view section, std::string_view key,
-                              std::string_view defaultValue) const {
-    std::string_view value = Stored(section, key).value_or(defaultValue);
+namespace {
+// A value as a read returns it: cut to the read limit, then escapes decoded.
+std::string Decoded(std::string_view value) {
     if (value.size() > ini::MaxReadBytes)
         value = value.substr(0, ini::MaxReadBytes);
     return ini::UnescapeLineBreaks(value);
+}
+} // namespace
+
+std::string IniDocument::Read(std::string_view section, std::string_view key,
+                              std::string_view defaultValue) const {
+    return Decoded(Stored(section, key).value_or(defaultValue));
+}
+
+std::optional<std::string> IniDocument::ReadStored(std::string_view section,
+                                                   std::string_view key) const {
+    const auto stored = Stored(section, key);
+    if (!stored)
+        return std::nullopt;
+    return Decoded(*stored);
 }
 
 bool IniDocument::Write(std::string_view section, std::string_view key, std::string_view value) {
@@ -304,9 +342,7 @@ bool IniDocument::Write(std::string_view section, std::string_view key, std::str
         ++s->header;
         ++s->lastLine;
     }
-    const std::uint32_t header = found.header;
-    found.keys.Insert(key, FoldedHash(key), index - header,
-                      [this, header](std::uint32_t id) { return KeyOfLine(header + id); });
+    AddKey(found, key, index);
     return true;
 }
 

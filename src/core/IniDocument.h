@@ -20,6 +20,8 @@ public:
     // What a read returns: the stored value or the default, cut to 254 bytes, escapes decoded.
     std::string Read(std::string_view section, std::string_view key,
                      std::string_view defaultValue) const;
+    // What a read returns when the key is stored; nullopt when it is not (one lookup).
+    std::optional<std::string> ReadStored(std::string_view section, std::string_view key) const;
     // Stores a value (CR LF escaped here). False when the stored value was equal already.
     bool Write(std::string_view section, std::string_view key, std::string_view value);
 
@@ -60,6 +62,8 @@ private:
     struct Section {
         std::uint32_t header = 0;   // line of the section line
         std::uint32_t lastLine = 0; // last line before the next section line
+        std::uint32_t keyCount = 0; // key lines, counted while the section is small
+        bool indexed = false;       // keys is built (a small section is searched line by line)
         NameIndex keys;             // key -> line offset from the header
     };
 
@@ -70,6 +74,8 @@ private:
     void AddLine(std::uint32_t store, std::size_t offset, std::size_t length, Ending ending);
     const Section* FindSection(std::string_view section) const;
     std::optional<std::size_t> FindKeyLine(const Section& section, std::string_view key) const;
+    // Counts a key line added to the section, indexing the section once it is no longer small.
+    void AddKey(Section& section, std::string_view key, std::uint32_t line);
     std::uint32_t Own(std::string text);
 
     std::string bytes_;

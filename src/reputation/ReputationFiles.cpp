@@ -50,18 +50,20 @@ std::vector<std::string> ReadRates(const std::string& empathyFile,
     return rates;
 }
 
-void StoreRates(const std::string& empathyFile, const std::vector<std::string>& towards,
-                const std::vector<std::string>& rates) {
-    if (towards.size() != rates.size())
-        throw std::invalid_argument("StoreRates: one rate per faction expected");
+void StoreEditedRate(std::string_view projectFolder, std::string_view faction,
+                     const std::vector<std::string>& towards, std::vector<std::string> rates,
+                     std::size_t edited, std::string_view value, bool mirror) {
+    if (towards.size() != rates.size() || edited >= towards.size())
+        throw std::invalid_argument("StoreEditedRate: one rate per faction expected");
+    rates[edited] = std::string(value);
+    const std::string file = EmpathyFile(projectFolder, faction);
     txtReadWrite::Transaction transaction;
     for (std::size_t i = 0; i < towards.size(); ++i)
-        transaction.WriteIni(towards[i], RateKey, rates[i], empathyFile);
+        transaction.WriteIni(towards[i], RateKey, rates[i], file);
+    // For the faction's own row this is the entry just written, in the same file.
+    if (mirror)
+        transaction.WriteIni(faction, RateKey, value, EmpathyFile(projectFolder, towards[edited]));
     transaction.Commit();
-}
-
-void StoreRate(const std::string& empathyFile, std::string_view toward, std::string_view rate) {
-    txtReadWrite::WriteIni(toward, RateKey, rate, empathyFile);
 }
 
 } // namespace reputation

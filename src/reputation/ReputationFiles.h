@@ -36,11 +36,14 @@ void WriteEvent(const std::string& eventFile, std::string_view faction, std::siz
 // The rates an empathy file holds toward each of the given factions, "0.0" when missing.
 std::vector<std::string> ReadRates(const std::string& empathyFile,
                                    const std::vector<std::string>& towards);
-// Stores a whole column of rates in one write; the file ends up as row-by-row WriteIni calls
-// in the given order would leave it. Throws IniWriteError and leaves the file unchanged.
-void StoreRates(const std::string& empathyFile, const std::vector<std::string>& towards,
-                const std::vector<std::string>& rates);
-// Stores one rate (the mirror entry). Throws IniWriteError.
-void StoreRate(const std::string& empathyFile, std::string_view toward, std::string_view rate);
+// The edit of one rate, as the reputation page and the matrix page make it: the faction's
+// whole column as shown (rates[i] toward towards[i]), with value put in at row edited, is
+// stored in the faction's empathy file, which ends up as row-by-row WriteIni calls in that
+// order would leave it; with mirror, value is also stored as the rate of towards[edited]
+// toward the faction. All of it lands in one write, or none of it does.
+// Throws IniWriteError.
+void StoreEditedRate(std::string_view projectFolder, std::string_view faction,
+                     const std::vector<std::string>& towards, std::vector<std::string> rates,
+                     std::size_t edited, std::string_view value, bool mirror);
 
 } // namespace reputation

@@ -75,6 +75,21 @@ constexpr Row Rows[] = {
     {"Label25", Caption, 0, "Gesamt", "Total"},
     {"btnCompileFP", Caption, 0, "INI erstellen", "Create INI"},
     {"lblFactions", Caption, 0, "Fraktionen gesamt:", "Factions total:"},
+    // The matrix page.
+    {"SSTab1", PageCaption, 5, "Matrix", "Matrix"},
+    {"optMatrixEmphaty", Caption, 0, "Sympathiewerte (Emphaty.ini)", "Empathy rates (Emphaty.ini)"},
+    {"optMatrixInitialworld", Caption, 0, "Startreputationen (Initialworld.ini)", "Starting reputations (Initialworld.ini)"},
+    {"lblMatrixGroup", Caption, 0, "Gruppe", "Group"},
+    {"lblMatrixFilter", Caption, 0, "Nickname enthält", "Nickname contains"},
+    {"lblMatrixHostile", Caption, 0, "-1 feindlich", "-1 hostile"},
+    {"lblMatrixFriendly", Caption, 0, "+1 freundlich", "+1 friendly"},
+    {"lblMatrixOutOfRange", Caption, 0, "außerhalb -1..1", "outside -1..1"},
+    {"lblMatrixNotANumber", Caption, 0, "keine Zahl", "not a number"},
+    {"lblMatrixMissing", Caption, 0, "nicht gespeichert", "not stored"},
+    {"chkMatrixAsymmetric", Caption, 0, "Asymmetrische Paare hervorheben", "Highlight asymmetric pairs"},
+    {"chkMatrixForceRep", Caption, 0, "Force-reputation", "Force-reputation"},
+    {"btnMatrixCsv", Caption, 0, "CSV exportieren", "Export CSV"},
+    {"btnMatrixPng", Caption, 0, "PNG exportieren", "Export PNG"},
 };
 // clang-format on
 

@@ -8,6 +8,7 @@
 #include "ui/Dialogs.h"
 #include "ui/Named.h"
 #include "ui/ProgressRun.h"
+#include "ui/ReputationQuestions.h"
 #include "ui/Session.h"
 #include "ui/Text.h"
 #include "ui/VantelButton.h"
@@ -208,8 +209,7 @@ void InitialWorldPage::lv_Init_DblClick() {
     if (selected.isEmpty())
         return;
     QTreeWidgetItem* row = selected.front();
-    const QString v = dialogs.InputBox(QStringLiteral("Reputation"), QStringLiteral("Initialworld"),
-                                       QStringLiteral("0.0"));
+    const QString v = reputationQuestions::AskStartingReputation(dialogs);
     if (v.isEmpty())
         return;
     try {

@@ -7,6 +7,7 @@
 #include "ui/Dialogs.h"
 #include "ui/Named.h"
 #include "ui/ProgressRun.h"
+#include "ui/ReputationQuestions.h"
 #include "ui/Session.h"
 #include "ui/Text.h"
 #include "ui/VantelButton.h"
@@ -287,14 +288,10 @@ void ReputationPage::lv_emphaty_DblClick() {
     if (selected.isEmpty())
         return;
     QTreeWidgetItem* row = selected.front();
-    const QString v = dialogs.InputBox(QStringLiteral("Reputation"), QStringLiteral("REP"),
-                                       text::ToQt(reputation::DefaultValue));
+    const QString v = reputationQuestions::AskEmpathyRate(dialogs);
     if (v.isEmpty())
         return;
-    const QString before = row->text(ColumnRep);
-    row->setText(ColumnRep, v);
 
-    const std::string folder = ProjectFolder();
     const int rowCount = lv_emphaty->topLevelItemCount();
     std::vector<std::string> towards;
     std::vector<std::string> rates;
@@ -306,21 +303,15 @@ void ReputationPage::lv_emphaty_DblClick() {
         rates.push_back(text::ToFile(item->text(ColumnRep)));
     }
     try {
-        reputation::StoreRates(reputation::EmpathyFile(folder, g), towards, rates);
+        reputation::StoreEditedRate(ProjectFolder(), g, towards, std::move(rates),
+                                    static_cast<std::size_t>(lv_emphaty->indexOfTopLevelItem(row)),
+                                    text::ToFile(v), chkForceREP->isChecked());
     } catch (const std::exception& error) {
-        // The column shows what is on disk.
-        row->setText(ColumnRep, before);
         dialogs.ShowError(Dialogs::Describe(error));
         return;
     }
-    if (chkForceREP->isChecked()) {
-        const std::string s = Nickname(row->data(ColumnFaction, NicknameRole));
-        try {
-            reputation::StoreRate(reputation::EmpathyFile(folder, s), g, text::ToFile(v));
-        } catch (const std::exception& error) {
-            dialogs.ShowError(Dialogs::Describe(error));
-        }
-    }
+    // The column shows what is on disk.
+    row->setText(ColumnRep, v);
 }
 
 // ---- compiling ----

@@ -5,6 +5,7 @@
 #include "ui/Dialogs.h"
 #include "ui/FactionPropsPage.h"
 #include "ui/InitialWorldPage.h"
+#include "ui/MatrixPage.h"
 #include "ui/PanelParts.h"
 #include "ui/ProjectManagerPanel.h"
 #include "ui/RegistryPanel.h"
@@ -94,6 +95,7 @@ frmMain::frmMain(Session& session_, Dialogs& dialogs_, QWidget* parent)
     AddPage(factionPropsPage, QStringLiteral("Faction_Prop.ini"));
     AddPage(initialWorldPage, QStringLiteral("Initialworld.ini"));
     AddPage(xmlScriptPage, QStringLiteral("XML-Script"));
+    AddPage(new MatrixPage(session, dialogs, this), QStringLiteral("Matrix"));
 
     Form_Load();
 }

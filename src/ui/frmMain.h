@@ -26,7 +26,7 @@ public:
     frmMain(Session& session, Dialogs& dialogs, QWidget* parent = nullptr);
 
     // The pages of SSTab1, by index.
-    enum Page { Projects = 0, Emphaty = 1, FactionProp = 2, InitialWorld = 3, Script = 4 };
+    enum Page { Projects = 0, Emphaty = 1, FactionProp = 2, InitialWorld = 3, Script = 4, Matrix = 5 };
 
     // The two language routines; the language button calls one of them.
     void German();

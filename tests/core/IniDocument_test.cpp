@@ -85,3 +85,24 @@ TEST(IniDocument, UntouchedLinesKeepTheirBytes) {
     EXPECT_EQ(doc.Bytes(), original);
     EXPECT_EQ(doc.Read("a", "\"q\"", ""), "\"x\""); // no quote stripping
 }
+
+TEST(IniDocument, SectionsFindTheirKeysAlikeBelowAndAboveTheIndexedSize) {
+    // A section grows key by key past the size at which it gets an index, through parsing and
+    // through writes; at every size the first of equal keys counts, without regard to case.
+    for (int parsed = 0; parsed <= 12; ++parsed) {
+        std::string text = "[s]\r\n";
+        for (int i = 0; i < parsed; ++i)
+            text += "k" + std::to_string(i) + "=p" + std::to_string(i) + "\r\n";
+        text += "K0=late\r\n[t]\r\nk0=other\r\n";
+        IniDocument doc(text);
+        for (int i = parsed; i < 12; ++i)
+            EXPECT_TRUE(doc.Write("S", "k" + std::to_string(i), "w" + std::to_string(i)));
+        for (int i = 0; i < 12; ++i)
+            EXPECT_EQ(doc.Read("s", "K" + std::to_string(i), "-"),
+                      (i < parsed ? "p" : "w") + std::to_string(i));
+        EXPECT_EQ(doc.ReadStored("s", "k12"), std::nullopt);
+        EXPECT_EQ(doc.ReadStored("t", "k0"), "other");
+        EXPECT_FALSE(doc.Write("s", "k11", parsed > 11 ? "p11" : "w11"));
+        EXPECT_EQ(IniDocument(doc.Bytes()).Read("S", "k11", "-"), parsed > 11 ? "p11" : "w11");
+    }
+}

@@ -191,9 +191,10 @@ private slots:
     void StartsInGermanOnTheProjectManager() {
         QCOMPARE(window->windowTitle(), QString("Orrindel 2.0 beta 2 || Halvex"));
         QCOMPARE(Get<QTabWidget>("SSTab1")->currentIndex(), 0);
-        QCOMPARE(Get<QTabWidget>("SSTab1")->count(), 5);
+        QCOMPARE(Get<QTabWidget>("SSTab1")->count(), 6);
         QCOMPARE(Get<QTabWidget>("SSTab1")->tabText(0), QString("Projektmanager"));
         QCOMPARE(Get<QTabWidget>("SSTab1")->tabText(4), QString("XML-Script"));
+        QCOMPARE(Get<QTabWidget>("SSTab1")->tabText(5), QString("Matrix"));
         QCOMPARE(Get<VantelButton>("VantelButton2")->Caption(), QString("Englische Version"));
         QVERIFY(Get<VantelButton>("VantelButton3")->Bold());
         QVERIFY(!Get<VantelButton>("VantelButton2")->Bold());

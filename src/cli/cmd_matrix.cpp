@@ -1,0 +1,47 @@
+#include "cli/Command.h"
+#include "core/modFunctions.h"
+#include "core/names.h"
+#include "core/win1252.h"
+#include "matrix/ReputationMatrix.h"
+
+namespace cli {
+
+int RunMatrix(const Arguments& args, Context& context) {
+    const Command& command = *FindCommand("matrix");
+    bool csv = false;
+    Arguments positional;
+    for (const std::string& arg : args) {
+        if (arg == "--csv")
+            csv = true;
+        else
+            positional.push_back(arg);
+    }
+    if (positional.size() != 2)
+        return UsageError(command, context);
+    const auto store = matrix::StoreNamed(positional[1]);
+    if (!store)
+        return UsageError(command, context, "unknown store \"" + positional[1] + "\"");
+    const auto project = ExistingProject(context, positional[0]);
+    if (!project)
+        return Failed;
+    const auto factions =
+        modFunctions::RegistryNicknames(modFunctions::RegistryPath(context.appDir, *project));
+    // Nicknames become file names: the window leaves refused ones out, so does this.
+    std::vector<std::string> usable;
+    for (const std::string& nickname : factions) {
+        if (const auto reason = names::Refusal(nickname))
+            context.err << "orrindel-cli matrix: left out \"" << win1252::ToUtf8(nickname)
+                        << "\": " << *reason << "\n";
+        else
+            usable.push_back(nickname);
+    }
+    const auto loaded =
+        matrix::Load(*store, modFunctions::ProjectPath(context.appDir, *project), usable);
+    std::vector<std::size_t> all(usable.size());
+    for (std::size_t i = 0; i < all.size(); ++i)
+        all[i] = i;
+    context.out << matrix::Formatted(loaded, all, csv ? matrix::Format::Csv : matrix::Format::Tabs);
+    return Ok;
+}
+
+} // namespace cli

@@ -1,0 +1,144 @@
+#include "core/modFunctions.h"
+#include "matrix/ReputationMatrix.h"
+#include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using matrix::Kind;
+using matrix::Store;
+
+class ReputationMatrixTest : public ::testing::Test {
+protected:
+    ReputationMatrixTest() {
+        modFunctions::EnsureProjectsFolder(app.path());
+        modFunctions::CreateProjectFolders(app.path(), "Mod");
+        folder = modFunctions::ProjectPath(app.path(), "Mod");
+        // A: its own row, a section in another letter case, an out-of-range and a word.
+        Write("emphaty/new/reps_A.facts", "[A]\r\nrep=1.5\r\n[b]\r\nrep=-0.5\r\n[K\xE4"
+                                          "fer]\r\nrep=friendly\r\n");
+        // B: an escaped line break, a blank value; K\xE4fer has no file at all.
+        Write("emphaty/new/reps_B.facts", "[A]\r\nrep=  0.3 \r\n[B]\r\nrep=\r\n[K\xE4"
+                                          "fer]\r\nrep=a/20&\\b\r\n");
+        Write("initialworld/grp.ini", "[A]\r\nids_name=1\r\nB=0.9\r\n[B]\r\nA=-1\r\nb=+.5\r\n"
+                                      "[K\xE4"
+                                      "fer]\r\nA=1,0\r\n");
+    }
+    void Write(const std::string& piece, std::string_view bytes) {
+        TempFolder::Write(app / ("projects/Mod/" + piece), bytes);
+    }
+    std::string Read(const std::string& piece) {
+        return TempFolder::Read(app / ("projects/Mod/" + piece));
+    }
+    // Each cell as "value" or "-" when not stored, row by row.
+    static std::vector<std::string> Cells(const matrix::Matrix& m) {
+        std::vector<std::string> cells;
+        for (std::size_t r = 0; r < m.Size(); ++r)
+            for (std::size_t c = 0; c < m.Size(); ++c)
+                cells.push_back(m.IsStored(r, c) ? m.Value(r, c) : "-");
+        return cells;
+    }
+
+    TempFolder app;
+    std::string folder;
+    const std::vector<std::string> factions = {"A", "B",
+                                               "K\xE4"
+                                               "fer"};
+};
+
+TEST_F(ReputationMatrixTest, CellsAreWhatAReadOfEachStoreReturns) {
+    const auto rates = matrix::Load(Store::Emphaty, folder, factions);
+    EXPECT_EQ(Cells(rates), (std::vector<std::string>{"1.5", "-0.5", "friendly", //
+                                                      "0.3", "", "a\r\nb",       //
+                                                      "-", "-", "-"}));
+    const auto world = matrix::Load(Store::InitialWorld, folder, factions);
+    EXPECT_EQ(Cells(world), (std::vector<std::string>{"-", "0.9", "-",  //
+                                                      "-1", "+.5", "-", //
+                                                      "1,0", "-", "-"}));
+}
+
+TEST_F(ReputationMatrixTest, ValuesReadOnTheScaleOnlyInPlainDecimalForm) {
+    EXPECT_EQ(matrix::Read("", false).kind, Kind::Missing);
+    EXPECT_EQ(matrix::Read("", true).kind, Kind::NotANumber);
+    EXPECT_EQ(matrix::Read("-0.3", true).number, -0.3);
+    EXPECT_EQ(matrix::Read("+.5", true).number, 0.5);
+    EXPECT_EQ(matrix::Read("1", true).kind, Kind::Number);
+    EXPECT_EQ(matrix::Read("-1.0", true).kind, Kind::Number);
+    EXPECT_EQ(matrix::Read("1.01", true).kind, Kind::OutOfRange);
+    EXPECT_EQ(matrix::Read("-7", true).kind, Kind::OutOfRange);
+    for (const char* word : {"0,5", "1e-1", "nan", "inf", ".", "-", "0.1.2", "0.5x", "- 1"})
+        EXPECT_EQ(matrix::Read(word, true).kind, Kind::NotANumber) << word;
+}
+
+TEST_F(ReputationMatrixTest, EditsLeaveTheMatrixAsAFreshLoadReadsIt) {
+    for (const Store store : {Store::Emphaty, Store::InitialWorld}) {
+        auto m = matrix::Load(store, folder, factions);
+        matrix::Edit(store, folder, m, 2, 0, " -0.25", true); // stored as typed, read trimmed
+        matrix::Edit(store, folder, m, 0, 1, "0.7", false);
+        matrix::Edit(store, folder, m, 1, 1, "x", true); // its own row: one entry
+        EXPECT_EQ(Cells(m), Cells(matrix::Load(store, folder, factions)));
+        EXPECT_EQ(m.Value(2, 0), "-0.25");
+        EXPECT_EQ(m.Value(0, 2), "-0.25");
+        EXPECT_EQ(m.Value(0, 1), "0.7");
+        EXPECT_EQ(m.Value(1, 1), "x");
+    }
+    // The reputation page stores its whole column: missing rates as "0.0". Names on disk are
+    // UTF-8.
+    EXPECT_EQ(Read("emphaty/new/reps_K\xC3\xA4"
+                   "fer.facts"),
+              "[A]\r\nrep= -0.25\r\n[B]\r\nrep=0.0\r\n[K\xE4"
+              "fer]\r\nrep=0.0\r\n");
+    EXPECT_EQ(Read("initialworld/grp.ini"), "[A]\r\nids_name=1\r\nB=0.7\r\nK\xE4"
+                                            "fer= -0.25\r\n[B]\r\nA=-1\r\nb=x\r\n[K\xE4"
+                                            "fer]\r\nA= -0.25\r\n");
+}
+
+TEST_F(ReputationMatrixTest, AsymmetryComparesNumbersByValueAndTheRestAsText) {
+    matrix::Matrix m({"A", "B", "C"});
+    m.Set(0, 1, "0.5");
+    m.Set(1, 0, "0.50");
+    m.Set(0, 2, "x");
+    m.Set(2, 0, "x");
+    EXPECT_FALSE(matrix::Differ(m, 0, 1));
+    EXPECT_FALSE(matrix::Differ(m, 2, 0));
+    EXPECT_FALSE(matrix::Differ(m, 1, 2)); // neither stored
+    m.Set(2, 1, "");
+    EXPECT_TRUE(matrix::Differ(m, 1, 2)); // stored blank against missing
+    m.Set(1, 0, "-0.5");
+    EXPECT_TRUE(matrix::Differ(m, 0, 1));
+}
+
+TEST_F(ReputationMatrixTest, FilterNarrowsByGroupAndNicknameTextIgnoringCase) {
+    const std::vector<std::string> nicks = {"li_n_grp", "LI_p_grp", "fc_x_grp",
+                                            "K\xC4"
+                                            "fer"};
+    const std::vector<std::string> groups = {"Liberty", "Liberty", "Corsairs", "Bugs"};
+    EXPECT_EQ(matrix::Filter(nicks, groups, "", ""), (std::vector<std::size_t>{0, 1, 2, 3}));
+    EXPECT_EQ(matrix::Filter(nicks, groups, "Liberty", ""), (std::vector<std::size_t>{0, 1}));
+    EXPECT_EQ(matrix::Filter(nicks, groups, "", "Li_"), (std::vector<std::size_t>{0, 1}));
+    EXPECT_EQ(matrix::Filter(nicks, groups, "Liberty", "p_"), (std::vector<std::size_t>{1}));
+    EXPECT_EQ(matrix::Filter(nicks, groups, "liberty", ""), (std::vector<std::size_t>{}));
+    EXPECT_EQ(matrix::Filter(nicks, groups, "", "k\xE4"), (std::vector<std::size_t>{3}));
+}
+
+TEST_F(ReputationMatrixTest, CsvAndTabsHoldTheValuesAsReadInUtf8) {
+    const auto rates = matrix::Load(Store::Emphaty, folder, factions);
+    EXPECT_EQ(matrix::Formatted(rates, {0, 1, 2}, matrix::Format::Csv), ",A,B,K\xC3\xA4"
+                                                                        "fer\r\n"
+                                                                        "A,1.5,-0.5,friendly\r\n"
+                                                                        "B,0.3,,\"a\r\nb\"\r\n"
+                                                                        "K\xC3\xA4"
+                                                                        "fer,,,\r\n");
+    EXPECT_EQ(matrix::Formatted(rates, {2, 1}, matrix::Format::Tabs), "\tK\xC3\xA4"
+                                                                      "fer\tB\n"
+                                                                      "K\xC3\xA4"
+                                                                      "fer\t\t\n"
+                                                                      "B\ta/20&\\b\t\n");
+    matrix::Matrix quoted({"A"});
+    quoted.Set(0, 0, "say \"hi\", then");
+    EXPECT_EQ(matrix::Formatted(quoted, {0}, matrix::Format::Csv),
+              ",A\r\nA,\"say \"\"hi\"\", then\"\r\n");
+}
+
+} // namespace

@@ -1,0 +1,256 @@
+// The matrix page against real project folders: what it shows, and that its edits leave on
+// disk exactly what the one-faction pages' edits leave.
+#include "core/modFunctions.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TempFolder.h"
+#include "ui/InitialWorldPage.h"
+#include "ui/MatrixModel.h"
+#include "ui/MatrixPage.h"
+#include "ui/ReputationPage.h"
+#include "ui/Session.h"
+
+#include <QAccessible>
+#include <QAccessibleTableInterface>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QTableView>
+#include <QTest>
+#include <QTreeWidget>
+#include <filesystem>
+#include <memory>
+
+namespace fs = std::filesystem;
+
+class MatrixPageTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void cellsShowTheStoresAndTheFilterNarrowsRowsAndColumns();
+    void editsWriteTheBytesOfTheOwningPagesEdit();
+    void exportsWriteTheShownMatrix();
+    void aFailedEditIsToldNamingTheFileAndLeavesTheCell();
+
+private:
+    // A project with three factions and both stores partly filled.
+    void MakeProject(const std::string& name) {
+        modFunctions::CreateProjectFolders(app->path(), name);
+        modFunctions::SaveFaction(app->path(), name, "A", "Alpha");
+        modFunctions::SaveFaction(app->path(), name, "B", "Beta");
+        modFunctions::SaveFaction(app->path(), name,
+                                  "K\xE4"
+                                  "fer",
+                                  "Alpha");
+        const std::string at = *app / ("projects/" + name + "/");
+        TempFolder::Write(at + "emphaty/new/reps_A.facts",
+                          "[A]\r\nrep=1.5\r\n[B]\r\nrep=-0.5\r\n[K\xE4"
+                          "fer]\r\nrep=friendly\r\n");
+        TempFolder::Write(at + "emphaty/new/reps_B.facts", "[A]\r\nrep=0.3\r\n[K\xE4"
+                                                           "fer]\r\nrep=a/20&\\b\r\n");
+        TempFolder::Write(at + "initialworld/grp.ini",
+                          "[A]\r\nids_name=1\r\nB=0.9\r\n[B]\r\nA=-1\r\n");
+    }
+    std::vector<modFunctions::RegistryEntry> Registry(const std::string& name) {
+        return modFunctions::LoadRegistry(modFunctions::RegistryPath(app->path(), name));
+    }
+    // Every file of a project's two stores, by its path in the project.
+    std::map<std::string, std::string> Stores(const std::string& name) {
+        std::map<std::string, std::string> files;
+        for (const char* folder : {"emphaty/new", "initialworld"})
+            for (const auto& entry :
+                 fs::directory_iterator(*app / ("projects/" + name + "/" + folder)))
+                if (entry.is_regular_file())
+                    files[std::string(folder) + "/" + entry.path().filename().string()] =
+                        TempFolder::Read(entry.path().string());
+        return files;
+    }
+    QTableView* Grid() { return page->findChild<QTableView*>("grdMatrix"); }
+    MatrixModel* Model() { return qobject_cast<MatrixModel*>(Grid()->model()); }
+    QString Cell(int row, int column) {
+        return Model()->data(Model()->index(row, column), Qt::DisplayRole).toString();
+    }
+    QStringList Heads() {
+        QStringList heads;
+        for (int i = 0; i < Model()->columnCount(); ++i)
+            heads << Model()->headerData(i, Qt::Horizontal, Qt::DisplayRole).toString();
+        return heads;
+    }
+
+    std::unique_ptr<TempFolder> app;
+    Session session;
+    ScriptedDialogs dialogs;
+    std::unique_ptr<MatrixPage> page;
+};
+
+void MatrixPageTest::init() {
+    app = std::make_unique<TempFolder>();
+    modFunctions::EnsureProjectsFolder(app->path());
+    MakeProject("Grid");
+    session.appDir = app->path();
+    session.ActiveProject = "Grid";
+    session.SetActiveProjectCaption("Grid");
+    dialogs = ScriptedDialogs{};
+    page = std::make_unique<MatrixPage>(session, dialogs);
+    page->AddFactions(Registry("Grid"));
+    page->resize(800, 500);
+    page->show(); // reads the store
+}
+
+void MatrixPageTest::cleanup() {
+    page.reset();
+    app.reset();
+}
+
+void MatrixPageTest::cellsShowTheStoresAndTheFilterNarrowsRowsAndColumns() {
+    QCOMPARE(Heads(), (QStringList{"A", "B", "Käfer"}));
+    QCOMPARE((QStringList{Cell(0, 0), Cell(0, 1), Cell(0, 2), Cell(1, 0), Cell(1, 1), Cell(1, 2),
+                          Cell(2, 0)}),
+             (QStringList{"1.5", "-0.5", "friendly", "0.3", "", "a\u21B5b", ""}));
+    const QString tip = Model()->data(Model()->index(0, 1), Qt::ToolTipRole).toString();
+    QCOMPARE(tip, QString("A \u2192 B: -0.5\nB \u2192 A: 0.3"));
+    QVERIFY(Model()
+                ->data(Model()->index(0, 2), Qt::ToolTipRole)
+                .toString()
+                .contains("friendly (keine Zahl)"));
+    QCOMPARE(Model()->CellAt(0, 0).reading.kind, matrix::Kind::OutOfRange);
+    QVERIFY(Model()->CellAt(0, 0).diagonal);
+    // Asymmetric pairs are marked only while the toggle is on.
+    QVERIFY(!Model()->CellAt(0, 1).asymmetric);
+    page->findChild<QCheckBox*>("chkMatrixAsymmetric")->click();
+    QVERIFY(Model()->CellAt(0, 1).asymmetric);
+    QVERIFY(Model()->CellAt(1, 0).asymmetric);
+    QVERIFY(!Model()->CellAt(2, 2).asymmetric);
+
+    // A screen reader reads each cell's value with both nicknames.
+    QAccessibleInterface* table = QAccessible::queryAccessibleInterface(Grid());
+    QVERIFY(table && table->tableInterface());
+    QCOMPARE(table->tableInterface()->cellAt(1, 0)->text(QAccessible::Name),
+             QString("B \u2192 A: 0.3"));
+
+    page->findChild<QRadioButton*>("optMatrixInitialworld")->click();
+    QCOMPARE((QStringList{Cell(0, 1), Cell(1, 0), Cell(0, 0), Cell(2, 0)}),
+             (QStringList{"0.9", "-1", "", ""}));
+
+    auto* group = page->findChild<QComboBox*>("cboMatrixGroup");
+    QCOMPARE(group->count(), 3); // every group, Alpha, Beta
+    group->setCurrentIndex(1);
+    emit group->activated(1);
+    QCOMPARE(Heads(), (QStringList{"A", "Käfer"}));
+    QCOMPARE(Model()->rowCount(), 2);
+    page->findChild<QLineEdit*>("txtMatrixFilter")->setText("KÄ");
+    QCOMPARE(Heads(), (QStringList{"Käfer"}));
+    group->setCurrentIndex(2);
+    emit group->activated(2);
+    QCOMPARE(Model()->rowCount(), 0);
+    // A registry reload keeps the chosen group.
+    page->ClearFactions();
+    page->AddFactions(Registry("Grid"));
+    QCOMPARE(group->currentText(), QString("Beta"));
+}
+
+void MatrixPageTest::editsWriteTheBytesOfTheOwningPagesEdit() {
+    // The same edits through the one-faction pages into a twin project.
+    MakeProject("Page");
+    Session pageSession;
+    pageSession.appDir = session.appDir;
+    pageSession.ActiveProject = "Page";
+    pageSession.SetActiveProjectCaption("Page");
+    ScriptedDialogs pageDialogs;
+    ReputationPage reputation(pageSession, pageDialogs);
+    InitialWorldPage world(pageSession, pageDialogs);
+    reputation.AddFactions(Registry("Page"));
+    world.AddFactions(Registry("Page"));
+
+    struct Edit {
+        bool initialWorld;
+        int g, s;
+        const char* value;
+        bool mirror;
+    };
+    const Edit edits[] = {{false, 2, 0, "-0.7", true}, {false, 1, 2, "0.25", false},
+                          {false, 0, 0, "x y", true},  {true, 0, 2, "0.4", true},
+                          {true, 2, 1, "-0.1", false}, {true, 1, 1, "1", true}};
+    for (const Edit& edit : edits) {
+        const char* picker = edit.initialWorld ? "cboInit_group" : "cboemphaty_group";
+        const char* list = edit.initialWorld ? "lv_Init" : "lv_emphaty";
+        const char* force = edit.initialWorld ? "chkForceRep2" : "chkForceREP";
+        QWidget& owner = edit.initialWorld ? static_cast<QWidget&>(world) : reputation;
+        owner.findChild<QCheckBox*>(force)->setChecked(edit.mirror);
+        auto* combo = owner.findChild<QComboBox*>(picker);
+        combo->setCurrentIndex(edit.g);
+        emit combo->activated(edit.g);
+        auto* rows = owner.findChild<QTreeWidget*>(list);
+        rows->setCurrentItem(rows->topLevelItem(edit.s));
+        // Choosing a faction stores its shown values again; both edits start from that.
+        for (const auto& [file, bytes] : Stores("Page"))
+            TempFolder::Write(*app / ("projects/Grid/" + file), bytes);
+        pageDialogs.Answer(edit.value);
+        emit rows->itemDoubleClicked(rows->topLevelItem(edit.s), 0);
+
+        page->findChild<QRadioButton*>(edit.initialWorld ? "optMatrixInitialworld"
+                                                         : "optMatrixEmphaty")
+            ->click();
+        page->findChild<QCheckBox*>("chkMatrixForceRep")->setChecked(edit.mirror);
+        dialogs.Answer(edit.value);
+        emit Grid()->doubleClicked(Model()->index(edit.g, edit.s));
+
+        QCOMPARE(Cell(edit.g, edit.s), QString(edit.value));
+        QCOMPARE(Stores("Grid"), Stores("Page"));
+        QCOMPARE(dialogs.asked.back().prompt, pageDialogs.asked.back().prompt);
+        QCOMPARE(dialogs.asked.back().title, pageDialogs.asked.back().title);
+        QCOMPARE(dialogs.asked.back().defaultText, pageDialogs.asked.back().defaultText);
+    }
+    // A cancelled box writes nothing.
+    const auto before = Stores("Grid");
+    emit Grid()->doubleClicked(Model()->index(0, 1));
+    QCOMPARE(Stores("Grid"), before);
+    // Enter on the current cell asks as a double-click does.
+    Grid()->setCurrentIndex(Model()->index(1, 0));
+    dialogs.Answer("0.125");
+    QTest::keyClick(Grid(), Qt::Key_Return);
+    QCOMPARE(Cell(1, 0), QString("0.125"));
+    QVERIFY(dialogs.shown.empty());
+}
+
+void MatrixPageTest::exportsWriteTheShownMatrix() {
+    auto* group = page->findChild<QComboBox*>("cboMatrixGroup");
+    group->setCurrentIndex(1);
+    emit group->activated(1);
+    const std::string csv = *app / "out.csv";
+    QVERIFY(page->ExportCsvTo(QString::fromStdString(csv)));
+    QCOMPARE(TempFolder::Read(csv), std::string(",A,K\xC3\xA4"
+                                                "fer\r\n"
+                                                "A,1.5,friendly\r\n"
+                                                "K\xC3\xA4"
+                                                "fer,,\r\n"));
+    const std::string png = *app / "out.png";
+    QVERIFY(page->ExportPngTo(QString::fromStdString(png)));
+    QCOMPARE(TempFolder::Read(png).substr(0, 8), std::string("\x89PNG\r\n\x1A\n"));
+    QVERIFY(!page->ExportCsvTo(QString::fromStdString(*app / "no/such/folder/x.csv")));
+    QCOMPARE(dialogs.shown.size(), std::size_t(1));
+    QVERIFY(dialogs.shown.front().text.contains("x.csv"));
+}
+
+void MatrixPageTest::aFailedEditIsToldNamingTheFileAndLeavesTheCell() {
+    // A folder where B's empathy file belongs: it reads as missing and cannot be written.
+    fs::create_directory(*app / "projects/Grid/emphaty/new/reps_B.facts.d");
+    fs::remove(*app / "projects/Grid/emphaty/new/reps_B.facts");
+    fs::rename(*app / "projects/Grid/emphaty/new/reps_B.facts.d",
+               *app / "projects/Grid/emphaty/new/reps_B.facts");
+    page->Reload();
+    const auto before = Stores("Grid");
+    dialogs.Answer("0.5");
+    emit Grid()->doubleClicked(Model()->index(1, 0)); // B toward A, mirrored into A's file
+    QCOMPARE(dialogs.shown.size(), std::size_t(1));
+    QVERIFY(dialogs.shown.front().text.contains("reps_B.facts"));
+    QCOMPARE(Cell(1, 0), QString());
+    QCOMPARE(Cell(0, 1), QString("-0.5"));
+    QCOMPARE(TempFolder::Read(*app / "projects/Grid/emphaty/new/reps_A.facts"),
+             before.at("emphaty/new/reps_A.facts"));
+}
+
+QTEST_MAIN(MatrixPageTest)
+#include "MatrixPage_test.moc"
