@@ -17,6 +17,7 @@ int RunImport(const Arguments&, Context&);
 int RunImportAll(const Arguments&, Context&);
 int RunCutLibrary(const Arguments&, Context&);
 int RunScript(const Arguments&, Context&);
+int RunCheck(const Arguments&, Context&);
 
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
@@ -44,6 +45,8 @@ const std::vector<Command>& Commands() {
         {"script",
          "[--header] [--name N] [--script-version V] [--url U] [--author A] [--description D]",
          "print the mod manager's install script (header fields count with --header)", RunScript},
+        {"check", "PROJECT [--format text|json]",
+         "report what looks wrong; exit 3 when an error is found", RunCheck},
     };
     return commands;
 }

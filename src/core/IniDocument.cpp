@@ -309,6 +309,24 @@ bool IniDocument::Write(std::string_view section, std::string_view key, std::str
     return true;
 }
 
+std::vector<IniDocument::Value> IniDocument::Values() const {
+    std::vector<Value> out;
+    for (std::size_t s = 0; s < sections_.size(); ++s) {
+        const Section& section = sections_[s];
+        const std::string_view name = SectionName(s);
+        if (FindSection(name) != &section)
+            continue; // a repeated section: reads never reach it
+        for (std::size_t line = section.header + 1; line <= section.lastLine; ++line) {
+            const std::string_view text = Text(line);
+            const auto key = KeyOf(text);
+            if (!key || FindKeyLine(section, *key) != line)
+                continue;
+            out.push_back({name, *key, Trim(text.substr(text.find('=') + 1)), line + 1});
+        }
+    }
+    return out;
+}
+
 std::string IniDocument::Bytes() const {
     std::size_t size = 0;
     for (const Line& line : lines_)

@@ -23,6 +23,17 @@ public:
     // Stores a value (CR LF escaped here). False when the stored value was equal already.
     bool Write(std::string_view section, std::string_view key, std::string_view value);
 
+    // A value line that a read can reach: the first line of its key in the first section of
+    // its name (later repeats are shadowed). Views into the document; line counts from 1.
+    struct Value {
+        std::string_view section;
+        std::string_view key;
+        std::string_view stored; // blanks around it removed, as Stored gives it
+        std::size_t line;
+    };
+    // Every reachable value line, in file order.
+    std::vector<Value> Values() const;
+
     // The whole file as it would be written.
     std::string Bytes() const;
     bool Empty() const { return lines_.empty(); }
