@@ -85,3 +85,14 @@ TEST(IniDocument, UntouchedLinesKeepTheirBytes) {
     EXPECT_EQ(doc.Bytes(), original);
     EXPECT_EQ(doc.Read("a", "\"q\"", ""), "\"x\""); // no quote stripping
 }
+
+TEST(IniDocument, ValuesAreTheLinesAReadCanReach) {
+    IniDocument doc("k=before any section\r\n[a]\r\nx = 1 \r\nX=shadowed\r\n; note\r\n[b]\r\n"
+                    "y=2\r\n[A]\r\nz=shadowed too\r\n");
+    doc.Write("b", "w", "new");
+    std::string seen;
+    for (const auto& value : doc.Values())
+        seen += std::string(value.section) + "|" + std::string(value.key) + "|" +
+                std::string(value.stored) + "|" + std::to_string(value.line) + "\n";
+    EXPECT_EQ(seen, "a|x|1|3\nb|y|2|7\nb|w|new|8\n");
+}
