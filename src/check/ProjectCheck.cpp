@@ -12,6 +12,7 @@
 #include "reputation/ReputationFiles.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <memory>
 #include <optional>
@@ -34,6 +35,27 @@ constexpr std::string_view EmpathySuffix = ".facts";
 constexpr std::string_view ListSuffix = ".lst";
 constexpr std::string_view RateKey = "rep";
 constexpr std::string_view MissingGroup = "[ERROR]";
+
+const std::array<unsigned char, 256>& FoldTable() {
+    static const std::array<unsigned char, 256> table = [] {
+        std::array<unsigned char, 256> t{};
+        for (int c = 0; c < 256; ++c)
+            t[static_cast<std::size_t>(c)] = names::FoldByte(static_cast<unsigned char>(c));
+        return t;
+    }();
+    return table;
+}
+
+// names::EqualIgnoringCase through a table: this runs once per stored rate.
+bool SameFolded(std::string_view a, std::string_view b) {
+    if (a.size() != b.size())
+        return false;
+    const auto& fold = FoldTable();
+    for (std::size_t i = 0; i < a.size(); ++i)
+        if (fold[static_cast<unsigned char>(a[i])] != fold[static_cast<unsigned char>(b[i])])
+            return false;
+    return true;
+}
 
 std::string Quoted(std::string_view text) {
     return "\"" + std::string(text) + "\"";
@@ -137,6 +159,36 @@ struct ListKind {
     std::vector<std::unordered_set<std::string_view>> catalogues; // one per part
 };
 
+// The stored halves of mirror pairs, by faction numbers: one slot per ordered pair, the
+// texts kept in one pool (a million rates need not be a million strings).
+class PairTable {
+public:
+    explicit PairTable(std::size_t factions)
+        : factions_(factions), slot_(factions * factions, Missing) {}
+    void Set(std::size_t from, std::size_t to, std::string_view text) {
+        std::uint32_t& slot = slot_[from * factions_ + to];
+        if (slot != Missing)
+            return;
+        slot = static_cast<std::uint32_t>(begin_.size());
+        begin_.push_back(pool_.size());
+        pool_ += text;
+        end_.push_back(pool_.size());
+    }
+    std::optional<std::string_view> Get(std::size_t from, std::size_t to) const {
+        const std::uint32_t slot = slot_[from * factions_ + to];
+        if (slot == Missing)
+            return std::nullopt;
+        return std::string_view(pool_).substr(begin_[slot], end_[slot] - begin_[slot]);
+    }
+
+private:
+    static constexpr std::uint32_t Missing = 0xFFFFFFFFu;
+    std::size_t factions_;
+    std::vector<std::uint32_t> slot_;
+    std::vector<std::size_t> begin_, end_;
+    std::string pool_;
+};
+
 class Checker {
 public:
     Checker(std::string_view appDir, std::string_view project)
@@ -182,8 +234,40 @@ private:
         return files;
     }
 
-    bool Registered(std::string_view nickname) const {
-        return registered_.contains(names::Folded(nickname));
+    // The number of a registered faction (its place in factions_), found without regard to
+    // case; nullopt for any other name.
+    std::optional<std::size_t> IndexOf(std::string_view nickname) const {
+        const auto& fold = FoldTable();
+        fold_.resize(nickname.size());
+        for (std::size_t i = 0; i < nickname.size(); ++i)
+            fold_[i] = static_cast<char>(fold[static_cast<unsigned char>(nickname[i])]);
+        const auto found = index_.find(fold_);
+        if (found == index_.end())
+            return std::nullopt;
+        return found->second;
+    }
+    bool Registered(std::string_view nickname) const { return IndexOf(nickname).has_value(); }
+
+    // The stores list factions mostly in registry order (the importers and the editor's
+    // whole-column writes keep it), so a run of lookups tries the faction after the one found
+    // last before it hashes: a million rates are then a million short comparisons.
+    struct Lookup {
+        std::string_view name;            // the name looked up last
+        std::optional<std::size_t> index; // what it gave
+        std::optional<std::size_t> found; // the last faction found
+    };
+    std::optional<std::size_t> Find(Lookup& last, std::string_view name) const {
+        if (name.data() == last.name.data() && name.size() == last.name.size())
+            return last.index; // the same section again
+        last.name = name;
+        const std::size_t next = last.found ? *last.found + 1 : 0;
+        if (next < factions_.size() && SameFolded(factions_[next], name))
+            last.index = next;
+        else
+            last.index = IndexOf(name);
+        if (last.index)
+            last.found = last.index;
+        return last.index;
     }
 
     // What the read limit and the line-break escape do to any stored value.
@@ -240,7 +324,6 @@ private:
         } catch (const std::exception&) {
             return; // gone between the two reads: as if missing
         }
-        std::unordered_map<std::string, std::string> firstSpelling;
         for (const auto& entry : entries) {
             const std::string& nick = entry.nickname;
             if (const auto reason = names::Refusal(nick)) {
@@ -249,15 +332,16 @@ private:
                         "); the editor leaves the faction out.");
                 continue;
             }
-            const auto [first, fresh] = firstSpelling.emplace(names::Folded(nick), nick);
-            if (!fresh) {
+            if (const auto first = IndexOf(nick)) {
+                const std::string& spelling = factions_[*first];
                 Add(Severity::Error, Store::Registry, nick, RegistryFile, Where(nick), {},
-                    first->second == nick
+                    spelling == nick
                         ? "The faction is registered twice, so it compiles twice."
-                        : "The nickname differs from " + Quoted(first->second) +
+                        : "The nickname differs from " + Quoted(spelling) +
                               " only in letter case; both name the same sections and files.");
                 continue;
             }
+            index_.emplace(names::Folded(nick), factions_.size());
             factions_.push_back(nick);
             if (names::EqualIgnoringCase(entry.group, MissingGroup)) {
                 const auto stored = document->Stored(nick, "grp");
@@ -268,37 +352,39 @@ private:
                            : std::string("The faction has no group; it is listed as \"[ERROR]\"."));
             }
         }
-        for (const auto& [folded, nick] : firstSpelling)
-            registered_.insert(folded);
-        for (const auto& value : document->Values())
+        document->ForEachValue([&](const IniDocument::Value& value) {
             CheckText(Store::Registry, value.section, RegistryFile, value);
+        });
     }
 
     // One warning per registered faction that a store lacks.
-    void NoteMissing(Store store, std::string_view file,
-                     const std::unordered_set<std::string>& held, std::string_view message) {
-        for (const std::string& faction : factions_)
-            if (!held.contains(names::Folded(faction)))
-                Add(Severity::Warning, store, faction, file, Where(faction), {},
+    void NoteMissing(Store store, std::string_view file, const std::vector<bool>& held,
+                     std::string_view message) {
+        for (std::size_t i = 0; i < factions_.size(); ++i)
+            if (!held[i])
+                Add(Severity::Warning, store, factions_[i], file, Where(factions_[i]), {},
                     std::string(message));
     }
 
     void CheckEvents() {
         const auto document = Load(Store::Reputation, EventFile);
-        std::unordered_set<std::string> held, orphans;
+        std::vector<bool> held(factions_.size(), false);
+        std::unordered_set<std::string> orphans;
+        Lookup last;
         if (document) {
-            for (const auto& value : document->Values()) {
-                if (!Registered(value.section)) {
+            document->ForEachValue([&](const IniDocument::Value& value) {
+                const auto index = Find(last, value.section);
+                if (!index) {
                     NoteOrphanSection(Store::Reputation, EventFile, value.section, orphans);
-                    continue;
+                    return;
                 }
-                held.insert(names::Folded(value.section));
+                held[*index] = true;
                 CheckText(Store::Reputation, value.section, EventFile, value);
                 for (const std::string_view key : reputation::EventKeys)
                     if (names::EqualIgnoringCase(value.key, key))
                         CheckNumber(Store::Reputation, value.section, EventFile, value,
                                     "The event value");
-            }
+            });
         }
         NoteMissing(Store::Reputation, EventFile, held,
                     "The faction has no event values; all four compile as \"0.0\".");
@@ -316,60 +402,57 @@ private:
     }
 
     void CheckEmpathy() {
-        // Folded nickname -> the faction's empathy file, parsed, for the mirror pairs.
-        std::unordered_map<std::string, std::unique_ptr<IniDocument>> rates;
+        std::vector<bool> held(factions_.size(), false);
+        PairTable rates(factions_.size());
         for (const std::string& name : SortedFiles(EmpathyFolder)) {
             const auto nick = NicknameIn(name, EmpathyPrefix, EmpathySuffix);
             if (!nick)
                 continue;
             const std::string file = std::string(EmpathyFolder) + "\\" + name;
-            if (!Registered(*nick)) {
+            const auto from = IndexOf(*nick);
+            if (!from) {
                 Add(Severity::Warning, Store::Reputation, *nick, file, {}, {},
                     "The empathy file belongs to " + Quoted(*nick) +
                         ", which is not registered; it is not compiled.");
                 continue;
             }
-            auto document = Load(Store::Reputation, file);
+            if (held[*from])
+                continue; // a second spelling of the same file name; the first one counts
+            const auto document = Load(Store::Reputation, file);
             if (!document)
                 continue;
-            for (const auto& value : document->Values()) {
+            held[*from] = true;
+            Lookup last;
+            document->ForEachValue([&](const IniDocument::Value& value) {
                 CheckText(Store::Reputation, *nick, file, value);
                 if (!names::EqualIgnoringCase(value.key, RateKey))
-                    continue;
-                if (!Registered(value.section))
+                    return;
+                const auto to = Find(last, value.section);
+                if (!to) {
                     Add(Severity::Warning, Store::Reputation, *nick, file,
                         Where(value.section, value.key), value.stored,
                         "The rate toward " + Quoted(value.section) +
                             ", which is not registered (left behind by a deleted faction), is "
                             "not compiled.");
-                else
-                    CheckReputation(Store::Reputation, *nick, file, value, "The empathy rate");
-            }
-            rates.emplace(names::Folded(*nick), std::move(document));
-        }
-        for (const std::string& faction : factions_)
-            if (!rates.contains(names::Folded(faction)))
-                Add(Severity::Warning, Store::Reputation, faction, EmpathyFileOf(faction), {}, {},
-                    "The faction has no empathy file; every rate compiles as \"0.0\".");
-        std::vector<const IniDocument*> byFaction;
-        for (const std::string& faction : factions_) {
-            const auto found = rates.find(names::Folded(faction));
-            byFaction.push_back(found == rates.end() ? nullptr : found->second.get());
-        }
-        CheckHalfPairs(
-            [&](std::size_t from, std::size_t to) -> std::optional<std::string_view> {
-                if (!byFaction[from] || !byFaction[to])
-                    return std::nullopt;
-                return byFaction[from]->Stored(factions_[to], RateKey);
-            },
-            [&](std::size_t lacking, std::size_t other, std::string_view value) {
-                const std::string& faction = factions_[lacking];
-                Add(Severity::Note, Store::Reputation, faction, EmpathyFileOf(faction),
-                    Where(factions_[other], RateKey), {},
-                    "The faction has no rate toward " + Quoted(factions_[other]) +
-                        ", so it compiles as \"0.0\", while the rate back is " + Quoted(value) +
-                        ".");
+                    return;
+                }
+                CheckReputation(Store::Reputation, *nick, file, value, "The empathy rate");
+                rates.Set(*from, *to, value.stored);
             });
+        }
+        for (std::size_t i = 0; i < factions_.size(); ++i)
+            if (!held[i])
+                Add(Severity::Warning, Store::Reputation, factions_[i], EmpathyFileOf(factions_[i]),
+                    {}, {}, "The faction has no empathy file; every rate compiles as \"0.0\".");
+        CheckHalfPairs(held, rates,
+                       [&](std::size_t lacking, std::size_t other, std::string_view value) {
+                           const std::string& faction = factions_[lacking];
+                           Add(Severity::Note, Store::Reputation, faction, EmpathyFileOf(faction),
+                               Where(factions_[other], RateKey), {},
+                               "The faction has no rate toward " + Quoted(factions_[other]) +
+                                   ", so it compiles as \"0.0\", while the rate back is " +
+                                   Quoted(value) + ".");
+                       });
     }
 
     std::string EmpathyFileOf(std::string_view faction) const {
@@ -379,14 +462,18 @@ private:
 
     // Mirror pairs with one half missing: the compilers give the missing half "0.0", so the
     // two factions end up apart. Halves that are both stored may differ on purpose (the
-    // shipped library's do) and are left alone. stored(from, to) is nullopt for a missing
-    // half, and for a pair that cannot be looked at.
-    template <typename Stored, typename Report>
-    void CheckHalfPairs(const Stored& stored, const Report& report) const {
+    // shipped library's do) and are left alone, as are factions the store lacks altogether.
+    template <typename Report>
+    void CheckHalfPairs(const std::vector<bool>& held, const PairTable& pairs,
+                        const Report& report) const {
         for (std::size_t i = 0; i < factions_.size(); ++i) {
+            if (!held[i])
+                continue;
             for (std::size_t j = i + 1; j < factions_.size(); ++j) {
-                const auto there = stored(i, j);
-                const auto back = stored(j, i);
+                if (!held[j])
+                    continue;
+                const auto there = pairs.Get(i, j);
+                const auto back = pairs.Get(j, i);
                 if (there && !back && !SameValue(*there, reputation::DefaultValue))
                     report(j, i, *there);
                 else if (back && !there && !SameValue(*back, reputation::DefaultValue))
@@ -413,16 +500,19 @@ private:
         namespace key = factionprops::key;
         namespace option = factionprops::value;
         const auto document = Load(Store::FactionProps, PropertyFile);
-        std::unordered_set<std::string> held, orphans;
+        std::vector<bool> held(factions_.size(), false);
+        std::unordered_set<std::string> orphans;
+        Lookup last;
         const auto costumes = SetOf(factionprops::CostumeCatalogue());
         if (document) {
-            for (const auto& value : document->Values()) {
+            document->ForEachValue([&](const IniDocument::Value& value) {
                 const std::string_view faction = value.section;
-                if (!Registered(faction)) {
+                const auto index = Find(last, faction);
+                if (!index) {
                     NoteOrphanSection(Store::FactionProps, PropertyFile, faction, orphans);
-                    continue;
+                    return;
                 }
-                held.insert(names::Folded(faction));
+                held[*index] = true;
                 CheckText(Store::FactionProps, faction, PropertyFile, value);
                 const auto is = [&value](std::string_view name) {
                     return names::EqualIgnoringCase(value.key, name);
@@ -444,7 +534,7 @@ private:
                         Where(faction, value.key), value.stored,
                         "No catalogue holds the costume " + Quoted(value.stored) +
                             " (fine if the mod adds it).");
-            }
+            });
         }
         NoteMissing(Store::FactionProps, PropertyFile, held,
                     "The faction has no property sheet; it compiles with the page's defaults.");
@@ -521,17 +611,21 @@ private:
 
     void CheckInitialWorld() {
         const auto document = Load(Store::InitialWorld, WorldFile);
-        std::unordered_set<std::string> held, orphans;
+        std::vector<bool> held(factions_.size(), false);
+        std::unordered_set<std::string> orphans;
+        PairTable reputations(factions_.size());
+        Lookup last, keys;
         const std::string_view idsKeys[] = {initialworld::IdsName, initialworld::IdsShortName,
                                             initialworld::IdsInfo};
         if (document) {
-            for (const auto& value : document->Values()) {
+            document->ForEachValue([&](const IniDocument::Value& value) {
                 const std::string_view faction = value.section;
-                if (!Registered(faction)) {
+                const auto index = Find(last, faction);
+                if (!index) {
                     NoteOrphanSection(Store::InitialWorld, WorldFile, faction, orphans);
-                    continue;
+                    return;
                 }
-                held.insert(names::Folded(faction));
+                held[*index] = true;
                 CheckText(Store::InitialWorld, faction, WorldFile, value);
                 bool ids = false;
                 for (const std::string_view key : idsKeys)
@@ -548,9 +642,10 @@ private:
                             value.stored.empty() ? std::string("The IDS number is empty.")
                                                  : "The IDS number " + Quoted(value.stored) +
                                                        " is not a whole number.");
-                } else if (Registered(value.key)) {
+                } else if (const auto other = Find(keys, value.key)) {
                     CheckReputation(Store::InitialWorld, faction, WorldFile, value,
                                     "The starting reputation");
+                    reputations.Set(*index, *other, value.stored);
                 } else {
                     Add(Severity::Warning, Store::InitialWorld, faction, WorldFile,
                         Where(faction, value.key), value.stored,
@@ -558,9 +653,10 @@ private:
                             ", which is not registered (left behind by a deleted faction), is "
                             "not compiled.");
                 }
-            }
-            for (const std::string& faction : factions_) {
-                if (!held.contains(names::Folded(faction)))
+            });
+            for (std::size_t i = 0; i < factions_.size(); ++i) {
+                const std::string& faction = factions_[i];
+                if (!held[i])
                     continue;
                 for (const std::string_view key : idsKeys)
                     if (!document->Stored(faction, key))
@@ -568,36 +664,25 @@ private:
                             Where(faction, key), {},
                             "The IDS number is missing; it compiles as an empty value.");
             }
-            CheckWorldMirrors(*document, held);
+            CheckHalfPairs(held, reputations,
+                           [&](std::size_t lacking, std::size_t other, std::string_view value) {
+                               Add(Severity::Note, Store::InitialWorld, factions_[lacking],
+                                   WorldFile, Where(factions_[lacking], factions_[other]), {},
+                                   "The faction has no starting reputation toward " +
+                                       Quoted(factions_[other]) +
+                                       ", so it compiles as \"0.0\", while the one back is " +
+                                       Quoted(value) + ".");
+                           });
         }
         NoteMissing(Store::InitialWorld, WorldFile, held,
                     "The faction has no initial-world entry; its IDS numbers compile empty and "
                     "every reputation as \"0.0\".");
     }
 
-    void CheckWorldMirrors(const IniDocument& document,
-                           const std::unordered_set<std::string>& held) {
-        std::vector<bool> has;
-        for (const std::string& faction : factions_)
-            has.push_back(held.contains(names::Folded(faction)));
-        CheckHalfPairs(
-            [&](std::size_t from, std::size_t to) -> std::optional<std::string_view> {
-                if (!has[from] || !has[to])
-                    return std::nullopt;
-                return document.Stored(factions_[from], factions_[to]);
-            },
-            [&](std::size_t lacking, std::size_t other, std::string_view value) {
-                Add(Severity::Note, Store::InitialWorld, factions_[lacking], WorldFile,
-                    Where(factions_[lacking], factions_[other]), {},
-                    "The faction has no starting reputation toward " + Quoted(factions_[other]) +
-                        ", so it compiles as \"0.0\", while the one back is " + Quoted(value) +
-                        ".");
-            });
-    }
-
     std::string folder_;
-    std::vector<std::string> factions_;          // registry order, usable and unique
-    std::unordered_set<std::string> registered_; // folded nicknames
+    std::vector<std::string> factions_;                  // registry order, usable and unique
+    std::unordered_map<std::string, std::size_t> index_; // folded nickname -> place
+    mutable std::string fold_;                           // IndexOf's buffer
     std::vector<Finding> findings_;
 };
 

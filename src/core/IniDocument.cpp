@@ -309,22 +309,29 @@ bool IniDocument::Write(std::string_view section, std::string_view key, std::str
     return true;
 }
 
-std::vector<IniDocument::Value> IniDocument::Values() const {
-    std::vector<Value> out;
+void IniDocument::ForEachValue(const std::function<void(const Value&)>& visit) const {
+    // The indexes hold exactly the first occurrences: mark their lines, then walk in order.
+    std::vector<bool> reachable(lines_.size(), false);
+    std::vector<bool> firstSection(sections_.size(), false);
+    sectionIndex_.ForEachId([&](std::uint32_t number) {
+        firstSection[number] = true;
+        const Section& section = sections_[number];
+        section.keys.ForEachId(
+            [&](std::uint32_t offset) { reachable[section.header + offset] = true; });
+    });
     for (std::size_t s = 0; s < sections_.size(); ++s) {
+        if (!firstSection[s])
+            continue;
         const Section& section = sections_[s];
         const std::string_view name = SectionName(s);
-        if (FindSection(name) != &section)
-            continue; // a repeated section: reads never reach it
         for (std::size_t line = section.header + 1; line <= section.lastLine; ++line) {
-            const std::string_view text = Text(line);
-            const auto key = KeyOf(text);
-            if (!key || FindKeyLine(section, *key) != line)
+            if (!reachable[line])
                 continue;
-            out.push_back({name, *key, Trim(text.substr(text.find('=') + 1)), line + 1});
+            const std::string_view text = Text(line);
+            const std::size_t equals = text.find('=');
+            visit({name, Trim(text.substr(0, equals)), Trim(text.substr(equals + 1)), line + 1});
         }
     }
-    return out;
 }
 
 std::string IniDocument::Bytes() const {

@@ -4,6 +4,7 @@
 // views into the file's bytes until they are rewritten, and the indexes are flat tables.
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -31,8 +32,8 @@ public:
         std::string_view stored; // blanks around it removed, as Stored gives it
         std::size_t line;
     };
-    // Every reachable value line, in file order.
-    std::vector<Value> Values() const;
+    // Calls visit for every reachable value line, in file order.
+    void ForEachValue(const std::function<void(const Value&)>& visit) const;
 
     // The whole file as it would be written.
     std::string Bytes() const;
@@ -57,6 +58,12 @@ private:
         bool Insert(std::string_view name, std::uint64_t hash, std::uint32_t id,
                     const NameOf& nameOf);
         std::size_t Size() const { return count_; }
+        // Calls f(id) for every name held, in no particular order.
+        template <typename F> void ForEachId(const F& f) const {
+            for (const Slot& slot : slots_)
+                if (slot.id != Empty)
+                    f(slot.id);
+        }
 
     private:
         struct Slot {

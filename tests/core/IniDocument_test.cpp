@@ -91,8 +91,9 @@ TEST(IniDocument, ValuesAreTheLinesAReadCanReach) {
                     "y=2\r\n[A]\r\nz=shadowed too\r\n");
     doc.Write("b", "w", "new");
     std::string seen;
-    for (const auto& value : doc.Values())
+    doc.ForEachValue([&seen](const IniDocument::Value& value) {
         seen += std::string(value.section) + "|" + std::string(value.key) + "|" +
                 std::string(value.stored) + "|" + std::to_string(value.line) + "\n";
+    });
     EXPECT_EQ(seen, "a|x|1|3\nb|y|2|7\nb|w|new|8\n");
 }
