@@ -75,6 +75,7 @@ constexpr Row Rows[] = {
     {"Label25", Caption, 0, "Gesamt", "Total"},
     {"btnCompileFP", Caption, 0, "INI erstellen", "Create INI"},
     {"lblFactions", Caption, 0, "Fraktionen gesamt:", "Factions total:"},
+    {"btnCheck", Caption, 0, "Prüfen", "Check"},
 };
 // clang-format on
 

@@ -4,6 +4,7 @@
 #include "core/names.h"
 #include "core/txtReadWrite.h"
 #include "ui/Captions.h"
+#include "ui/CheckAction.h"
 #include "ui/Dialogs.h"
 #include "ui/FactionPropsPage.h"
 #include "ui/ImportActions.h"
@@ -274,6 +275,11 @@ void frmMain::BuildFrame2() {
     connect(btnnewfactionnew, &VantelButton::Click, this, &frmMain::btnnewfactionnew_Click);
     connect(btnnewfactiondel, &VantelButton::Click, this, &frmMain::btnnewfactiondel_Click);
     connect(btnnewfactionreload, &VantelButton::Click, this, &frmMain::btnnewfactionreload_Click);
+
+    // The project check, with its findings window; owned by the window.
+    auto* btnCheck = MakeButton(Frame2, "btnCheck");
+    twips::Place(btnCheck, 7200, 2160, ButtonWidth, ButtonHeight);
+    new CheckAction(session, dialogs, btnCheck, this);
 
     // The import actions attach themselves to these; until then they stay disabled.
     btnImport = MakeButton(Frame2, "btnImport");
