@@ -172,20 +172,21 @@ public:
         slot = static_cast<std::uint32_t>(begin_.size());
         begin_.push_back(pool_.size());
         pool_ += text;
-        end_.push_back(pool_.size());
     }
     std::optional<std::string_view> Get(std::size_t from, std::size_t to) const {
         const std::uint32_t slot = slot_[from * factions_ + to];
         if (slot == Missing)
             return std::nullopt;
-        return std::string_view(pool_).substr(begin_[slot], end_[slot] - begin_[slot]);
+        // Texts lie in the pool in the order they were set: each ends where the next begins.
+        const std::size_t end = slot + 1 < begin_.size() ? begin_[slot + 1] : pool_.size();
+        return std::string_view(pool_).substr(begin_[slot], end - begin_[slot]);
     }
 
 private:
     static constexpr std::uint32_t Missing = 0xFFFFFFFFu;
     std::size_t factions_;
     std::vector<std::uint32_t> slot_;
-    std::vector<std::size_t> begin_, end_;
+    std::vector<std::size_t> begin_;
     std::string pool_;
 };
 
