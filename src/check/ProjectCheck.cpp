@@ -159,34 +159,49 @@ struct ListKind {
     std::vector<std::unordered_set<std::string_view>> catalogues; // one per part
 };
 
-// The stored halves of mirror pairs, by faction numbers: one slot per ordered pair, the
-// texts kept in one pool (a million rates need not be a million strings).
+// The stored halves of mirror pairs: per faction the factions it holds a value toward, with
+// the text, kept in one pool. Memory follows the values stored, not the square of the
+// registry (a million rates need not be a million strings).
 class PairTable {
 public:
-    explicit PairTable(std::size_t factions)
-        : factions_(factions), slot_(factions * factions, Missing) {}
+    explicit PairTable(std::size_t factions) : halves_(factions) {}
     void Set(std::size_t from, std::size_t to, std::string_view text) {
-        std::uint32_t& slot = slot_[from * factions_ + to];
-        if (slot != Missing)
-            return;
-        slot = static_cast<std::uint32_t>(begin_.size());
-        begin_.push_back(pool_.size());
+        halves_[from].push_back({static_cast<std::uint32_t>(to),
+                                 static_cast<std::uint32_t>(pool_.size()),
+                                 static_cast<std::uint32_t>(text.size())});
         pool_ += text;
     }
+    // Once every value is in: sorted for Get.
+    void Finish() {
+        for (auto& halves : halves_)
+            std::sort(halves.begin(), halves.end(),
+                      [](const Half& a, const Half& b) { return a.to < b.to; });
+    }
     std::optional<std::string_view> Get(std::size_t from, std::size_t to) const {
-        const std::uint32_t slot = slot_[from * factions_ + to];
-        if (slot == Missing)
+        const auto& halves = halves_[from];
+        const auto found =
+            std::lower_bound(halves.begin(), halves.end(), to,
+                             [](const Half& half, std::size_t t) { return half.to < t; });
+        if (found == halves.end() || found->to != to)
             return std::nullopt;
-        // Texts lie in the pool in the order they were set: each ends where the next begins.
-        const std::size_t end = slot + 1 < begin_.size() ? begin_[slot + 1] : pool_.size();
-        return std::string_view(pool_).substr(begin_[slot], end - begin_[slot]);
+        return Text(*found);
+    }
+    // Calls f(to, text) for every value stored for a faction.
+    template <typename F> void ForEach(std::size_t from, const F& f) const {
+        for (const Half& half : halves_[from])
+            f(half.to, Text(half));
     }
 
 private:
-    static constexpr std::uint32_t Missing = 0xFFFFFFFFu;
-    std::size_t factions_;
-    std::vector<std::uint32_t> slot_;
-    std::vector<std::size_t> begin_;
+    struct Half {
+        std::uint32_t to;
+        std::uint32_t begin; // in pool_
+        std::uint32_t length;
+    };
+    std::string_view Text(const Half& half) const {
+        return std::string_view(pool_).substr(half.begin, half.length);
+    }
+    std::vector<std::vector<Half>> halves_;
     std::string pool_;
 };
 
@@ -465,21 +480,15 @@ private:
     // two factions end up apart. Halves that are both stored may differ on purpose (the
     // shipped library's do) and are left alone, as are factions the store lacks altogether.
     template <typename Report>
-    void CheckHalfPairs(const std::vector<bool>& held, const PairTable& pairs,
+    void CheckHalfPairs(const std::vector<bool>& held, PairTable& pairs,
                         const Report& report) const {
+        pairs.Finish();
         for (std::size_t i = 0; i < factions_.size(); ++i) {
-            if (!held[i])
-                continue;
-            for (std::size_t j = i + 1; j < factions_.size(); ++j) {
-                if (!held[j])
-                    continue;
-                const auto there = pairs.Get(i, j);
-                const auto back = pairs.Get(j, i);
-                if (there && !back && !SameValue(*there, reputation::DefaultValue))
-                    report(j, i, *there);
-                else if (back && !there && !SameValue(*back, reputation::DefaultValue))
-                    report(i, j, *back);
-            }
+            pairs.ForEach(i, [&](std::size_t j, std::string_view value) {
+                if (j != i && held[j] && !pairs.Get(j, i) &&
+                    !SameValue(value, reputation::DefaultValue))
+                    report(j, i, value);
+            });
         }
     }
 
