@@ -18,6 +18,7 @@ int RunImportAll(const Arguments&, Context&);
 int RunCutLibrary(const Arguments&, Context&);
 int RunScript(const Arguments&, Context&);
 int RunMatrix(const Arguments&, Context&);
+int RunCheck(const Arguments&, Context&);
 
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
@@ -47,6 +48,8 @@ const std::vector<Command>& Commands() {
          "print the mod manager's install script (header fields count with --header)", RunScript},
         {"matrix", "PROJECT emphaty|initialworld [--csv]",
          "every faction's reputation toward every faction, tab-separated or CSV", RunMatrix},
+        {"check", "PROJECT [--format text|json]",
+         "report what looks wrong; exit 3 when an error is found", RunCheck},
     };
     return commands;
 }

@@ -346,6 +346,26 @@ bool IniDocument::Write(std::string_view section, std::string_view key, std::str
     return true;
 }
 
+void IniDocument::ForEachValue(const std::function<void(const Value&)>& visit) const {
+    // Only the first section of a name is reachable, and in it the first line of each key:
+    // a key line counts when the lookup of its own key finds that very line.
+    std::vector<bool> firstSection(sections_.size(), false);
+    sectionIndex_.ForEachId([&](std::uint32_t number) { firstSection[number] = true; });
+    for (std::size_t s = 0; s < sections_.size(); ++s) {
+        if (!firstSection[s])
+            continue;
+        const Section& section = sections_[s];
+        const std::string_view name = SectionName(s);
+        for (std::size_t line = section.header + 1; line <= section.lastLine; ++line) {
+            const std::string_view text = Text(line);
+            const auto key = KeyOf(text);
+            if (!key || FindKeyLine(section, *key) != line)
+                continue;
+            visit({name, *key, Trim(text.substr(text.find('=') + 1)), line + 1});
+        }
+    }
+}
+
 std::string IniDocument::Bytes() const {
     std::size_t size = 0;
     for (const Line& line : lines_)

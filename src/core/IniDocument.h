@@ -4,6 +4,7 @@
 // views into the file's bytes until they are rewritten, and the indexes are flat tables.
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,6 +25,17 @@ public:
     std::optional<std::string> ReadStored(std::string_view section, std::string_view key) const;
     // Stores a value (CR LF escaped here). False when the stored value was equal already.
     bool Write(std::string_view section, std::string_view key, std::string_view value);
+
+    // A value line that a read can reach: the first line of its key in the first section of
+    // its name (later repeats are shadowed). Views into the document; line counts from 1.
+    struct Value {
+        std::string_view section;
+        std::string_view key;
+        std::string_view stored; // blanks around it removed, as Stored gives it
+        std::size_t line;
+    };
+    // Calls visit for every reachable value line, in file order.
+    void ForEachValue(const std::function<void(const Value&)>& visit) const;
 
     // The whole file as it would be written.
     std::string Bytes() const;
@@ -48,6 +60,12 @@ private:
         bool Insert(std::string_view name, std::uint64_t hash, std::uint32_t id,
                     const NameOf& nameOf);
         std::size_t Size() const { return count_; }
+        // Calls f(id) for every name held, in no particular order.
+        template <typename F> void ForEachId(const F& f) const {
+            for (const Slot& slot : slots_)
+                if (slot.id != Empty)
+                    f(slot.id);
+        }
 
     private:
         struct Slot {

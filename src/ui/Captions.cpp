@@ -90,6 +90,7 @@ constexpr Row Rows[] = {
     {"chkMatrixForceRep", Caption, 0, "Force-reputation", "Force-reputation"},
     {"btnMatrixCsv", Caption, 0, "CSV exportieren", "Export CSV"},
     {"btnMatrixPng", Caption, 0, "PNG exportieren", "Export PNG"},
+    {"btnCheck", Caption, 0, "Prüfen", "Check"},
 };
 // clang-format on
 

@@ -328,6 +328,16 @@ void FactionPropsPage::ShowFirstList() {
     SSTab2->setCurrentIndex(0);
 }
 
+void FactionPropsPage::ShowList(factionprops::PickList list) {
+    // The tabs are built in the order of AllPickLists.
+    int tab = 0;
+    for (const factionprops::PickList each : factionprops::AllPickLists) {
+        if (each == list)
+            SSTab2->setCurrentIndex(tab);
+        ++tab;
+    }
+}
+
 void FactionPropsPage::cboFP_group_TextChanged(const QString& text) {
     const bool shown = !text.isEmpty();
     if (!shown)

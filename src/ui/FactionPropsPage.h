@@ -33,6 +33,8 @@ public:
     bool ChooseFaction(const std::string& nickname) override;
     // Shows the first of the list tabs (ships).
     void ShowFirstList();
+    // Shows the list's tab of SSTab2.
+    void ShowList(factionprops::PickList list);
     // Screen readers name each pick list by its tab's caption and describe it by the hint
     // below it; called again after a language switch.
     void NameListsByTabs();

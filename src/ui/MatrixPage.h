@@ -9,7 +9,7 @@
 #include <QImage>
 #include <QWidget>
 
-struct Session;
+class Session;
 class Dialogs;
 class MatrixDelegate;
 class MatrixModel;

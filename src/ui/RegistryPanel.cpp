@@ -117,6 +117,13 @@ VantelButton* RegistryPanel::AddButton(const char* name) {
     const auto [left, top] = FreeButtonPlaces[std::min<std::size_t>(
         static_cast<std::size_t>(addedButtons++), places - 1)];
     twips::Place(button, left, top, panel::ButtonWidth, panel::ButtonHeight);
+    // Tab goes row by row: the first free place ends the reload row, the others follow the
+    // import row.
+    QWidget* before = addedButtons == 1   ? btnnewfactionreload
+                      : addedButtons == 2 ? static_cast<QWidget*>(btnImportAll)
+                                          : lastAdded;
+    QWidget::setTabOrder(before, button);
+    lastAdded = button;
     return button;
 }
 
@@ -166,6 +173,17 @@ void RegistryPanel::LoadFactionRegistry() {
     } catch (...) {
         // A registry that cannot be read leaves the lists as far as they were filled.
     }
+}
+
+bool RegistryPanel::ChooseFaction(const std::string& nickname) {
+    const auto found =
+        lv_newfactions->findItems(text::ToQt(nickname), Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (found.isEmpty())
+        return false;
+    lv_newfactions->setCurrentItem(found.front());
+    lv_newfactions->scrollToItem(found.front());
+    lv_newfactions_Click();
+    return true;
 }
 
 void RegistryPanel::lv_newfactions_Click() {

@@ -33,6 +33,8 @@ public:
     void ShowFactionCount();
     // The import buttons work only while a project is active.
     void UpdateImportButtons();
+    // Selects the faction's entry in the registry list as a click does; false when unlisted.
+    bool ChooseFaction(const std::string& nickname);
 
 private slots:
     void btnnewfactionnew_Click();
@@ -45,6 +47,7 @@ private:
     Dialogs& dialogs;
     std::vector<RegistryView*> views;
     int addedButtons = 0;
+    VantelButton* lastAdded = nullptr;
 
     QLabel* lblRegistryProject;
     QTreeWidget* lv_newfactions;

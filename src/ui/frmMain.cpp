@@ -2,6 +2,7 @@
 
 #include "core/modFunctions.h"
 #include "ui/Captions.h"
+#include "ui/CheckAction.h"
 #include "ui/Dialogs.h"
 #include "ui/FactionPropsPage.h"
 #include "ui/InitialWorldPage.h"
@@ -96,6 +97,10 @@ frmMain::frmMain(Session& session_, Dialogs& dialogs_, QWidget* parent)
     AddPage(initialWorldPage, QStringLiteral("Initialworld.ini"));
     AddPage(xmlScriptPage, QStringLiteral("XML-Script"));
     AddPage(new MatrixPage(session, dialogs, this), QStringLiteral("Matrix"));
+    // The project check, with its findings window.
+    VantelButton* btnCheck = registryPanel->AddButton("btnCheck");
+    btnCheck->setCaption(QStringLiteral("Prüfen"));
+    new CheckAction(session, dialogs, btnCheck, *this);
 
     Form_Load();
 }
@@ -133,6 +138,10 @@ int frmMain::AddPage(QWidget* page, const QString& caption) {
     if (auto* view = dynamic_cast<RegistryView*>(page))
         registryPanel->AddView(view);
     return SSTab1->addTab(page, caption);
+}
+
+void frmMain::ShowPickList(factionprops::PickList list) {
+    factionPropsPage->ShowList(list);
 }
 
 bool frmMain::ShowFaction(int page, const std::string& nickname) {

@@ -3,6 +3,8 @@
 // and the registry panel on its first page, one page per game file and the script page.
 // The panels and the slide between them live in their own classes; this window arranges
 // them, switches the language, shows the About window and navigates between pages.
+#include "factionprops/ListFiles.h"
+
 #include <QPointer>
 #include <QWidget>
 #include <string>
@@ -26,7 +28,14 @@ public:
     frmMain(Session& session, Dialogs& dialogs, QWidget* parent = nullptr);
 
     // The pages of SSTab1, by index.
-    enum Page { Projects = 0, Emphaty = 1, FactionProp = 2, InitialWorld = 3, Script = 4, Matrix = 5 };
+    enum Page {
+        Projects = 0,
+        Emphaty = 1,
+        FactionProp = 2,
+        InitialWorld = 3,
+        Script = 4,
+        Matrix = 5
+    };
 
     // The two language routines; the language button calls one of them.
     void German();
@@ -43,6 +52,8 @@ public:
     // in its picker as the user's choice would (its values are loaded). False when the page
     // does not exist or does not list that faction; the page is shown all the same.
     bool ShowFaction(int page, const std::string& nickname);
+    // Shows a pick list's tab on the faction-property page.
+    void ShowPickList(factionprops::PickList list);
     // The registry panel, for what more it is to hold (AddButton).
     RegistryPanel& Registry() const { return *registryPanel; }
 

@@ -106,3 +106,15 @@ TEST(IniDocument, SectionsFindTheirKeysAlikeBelowAndAboveTheIndexedSize) {
         EXPECT_EQ(IniDocument(doc.Bytes()).Read("S", "k11", "-"), parsed > 11 ? "p11" : "w11");
     }
 }
+
+TEST(IniDocument, ValuesAreTheLinesAReadCanReach) {
+    IniDocument doc("k=before any section\r\n[a]\r\nx = 1 \r\nX=shadowed\r\n; note\r\n[b]\r\n"
+                    "y=2\r\n[A]\r\nz=shadowed too\r\n");
+    doc.Write("b", "w", "new");
+    std::string seen;
+    doc.ForEachValue([&seen](const IniDocument::Value& value) {
+        seen += std::string(value.section) + "|" + std::string(value.key) + "|" +
+                std::string(value.stored) + "|" + std::to_string(value.line) + "\n";
+    });
+    EXPECT_EQ(seen, "a|x|1|3\nb|y|2|7\nb|w|new|8\n");
+}

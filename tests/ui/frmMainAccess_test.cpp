@@ -101,7 +101,8 @@ private slots:
         LoadProject("P");
         QCOMPARE(TabOrder(), QStringList({"VantelButton1", "VantelButton2", "VantelButton3",
                                           "btnnewfactionnew", "btnnewfactiondel",
-                                          "btnnewfactionreload", "btnImport", "btnImportAll"}));
+                                          "btnnewfactionreload", "btnCheck", "btnImport",
+                                          "btnImportAll"}));
     }
 
     void ImageButtonsReadTheirOwnCaptionsInBothLanguages() {

@@ -102,6 +102,21 @@ constexpr LiteralCaption LiteralCaptions[] = {
     {"Label25", 0, "Gesamt", "Total"},
     {"btnCompileFP", 0, "INI erstellen", "Create INI"},
     {"lblFactions", 0, "Fraktionen gesamt:", "Factions total:"},
+    {"SSTab1", 5, "Matrix", "Matrix"},
+    {"optMatrixEmphaty", 0, "Sympathiewerte (Emphaty.ini)", "Empathy rates (Emphaty.ini)"},
+    {"optMatrixInitialworld", 0, "Startreputationen (Initialworld.ini)", "Starting reputations (Initialworld.ini)"},
+    {"lblMatrixGroup", 0, "Gruppe", "Group"},
+    {"lblMatrixFilter", 0, "Nickname enthält", "Nickname contains"},
+    {"lblMatrixHostile", 0, "-1 feindlich", "-1 hostile"},
+    {"lblMatrixFriendly", 0, "+1 freundlich", "+1 friendly"},
+    {"lblMatrixOutOfRange", 0, "außerhalb -1..1", "outside -1..1"},
+    {"lblMatrixNotANumber", 0, "keine Zahl", "not a number"},
+    {"lblMatrixMissing", 0, "nicht gespeichert", "not stored"},
+    {"chkMatrixAsymmetric", 0, "Asymmetrische Paare hervorheben", "Highlight asymmetric pairs"},
+    {"chkMatrixForceRep", 0, "Force-reputation", "Force-reputation"},
+    {"btnMatrixCsv", 0, "CSV exportieren", "Export CSV"},
+    {"btnMatrixPng", 0, "PNG exportieren", "Export PNG"},
+    {"btnCheck", 0, "Prüfen", "Check"},
 };
 // clang-format on
 

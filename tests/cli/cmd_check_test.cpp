@@ -1,0 +1,60 @@
+#include "cli/Command.h"
+#include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace {
+
+class CheckCommandTest : public ::testing::Test {
+protected:
+    CheckCommandTest() {
+        Run({"create", "Alpha"});
+        Run({"add-faction", "Alpha", "a_grp"});
+    }
+    int Run(std::vector<std::string> args) {
+        out.str("");
+        err.str("");
+        args.insert(args.begin(), {"--app-dir", app.path()});
+        return cli::Run(args, out, err);
+    }
+    TempFolder app;
+    std::ostringstream out, err;
+};
+
+TEST_F(CheckCommandTest, ExitStatusTellsWhetherAnErrorWasFound) {
+    // A faction added by hand has no other store yet: warnings only.
+    EXPECT_EQ(Run({"check", "alpha"}), 0) << err.str();
+    EXPECT_NE(out.str().find("warning\ta_grp\temphaty\\new\\grp.ini\t[a_grp]\tThe faction has "
+                             "no event values"),
+              std::string::npos)
+        << out.str();
+
+    TempFolder::Write(app / "projects/Alpha/emphaty/new/grp.ini", "[a_grp]\r\no_d=0,5\r\n");
+    EXPECT_EQ(Run({"check", "Alpha"}), 3);
+    EXPECT_NE(out.str().find("error\ta_grp\temphaty\\new\\grp.ini\t[a_grp] o_d\t"),
+              std::string::npos)
+        << out.str();
+
+    EXPECT_EQ(Run({"check", "Alpha", "--format", "json"}), 3);
+    const std::string json = out.str();
+    EXPECT_EQ(json.rfind("[\n  {\"severity\": \"", 0), 0u) << json;
+    EXPECT_NE(json.find("{\"severity\": \"error\", \"faction\": \"a_grp\", \"file\": "
+                        "\"emphaty\\\\new\\\\grp.ini\", \"where\": \"[a_grp] o_d\", \"stored\": "
+                        "\"0,5\", \"message\": \""),
+              std::string::npos)
+        << json;
+    EXPECT_EQ(json.substr(json.size() - 4), "}\n]\n");
+}
+
+TEST_F(CheckCommandTest, UsageAndFailures) {
+    EXPECT_EQ(Run({"check"}), 1);
+    EXPECT_EQ(Run({"check", "Alpha", "--format", "xml"}), 1);
+    EXPECT_NE(err.str().find("unknown format"), std::string::npos);
+    EXPECT_EQ(Run({"check", "Alpha", "--format"}), 1);
+    EXPECT_EQ(Run({"check", "Alpha", "Beta"}), 1);
+    EXPECT_EQ(Run({"check", "Nope"}), 2);
+    EXPECT_EQ(out.str(), "");
+}
+
+} // namespace

@@ -1,0 +1,161 @@
+// The check button of the registry panel, the findings window and the way back from a
+// finding to the page and faction it is about, driven through the main window.
+#include "core/modFunctions.h"
+#include "support/TempFolder.h"
+#include "ui/CheckAction.h"
+#include "ui/Session.h"
+#include "ui/VantelButton.h"
+#include "ui/frmCheck.h"
+#include "ui/frmMain.h"
+#include "ui/support/ScriptedDialogs.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QTabWidget>
+#include <QTest>
+#include <QTreeWidget>
+#include <memory>
+
+class frmCheckTest : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<TempFolder> folder;
+    std::unique_ptr<Session> session;
+    std::unique_ptr<ScriptedDialogs> dialogs;
+    std::unique_ptr<frmMain> window;
+
+    template <class T> T* Get(QWidget* in, const char* name) {
+        T* widget = in->findChild<T*>(QString::fromLatin1(name));
+        if (!widget)
+            qFatal("no control %s", name);
+        return widget;
+    }
+    template <class T> T* Main(const char* name) { return Get<T>(window.get(), name); }
+    void Write(const std::string& piece, std::string_view bytes) {
+        TempFolder::Write((*folder) / ("projects/P/" + piece), bytes);
+    }
+    frmCheck* RunCheck() {
+        emit Main<VantelButton>("btnCheck")->Click();
+        return Main<CheckAction>("checkAction")->FindingsWindow();
+    }
+    // The table's rows as "severity|faction|where", top to bottom, hidden rows left out.
+    static QStringList Rows(frmCheck* findings) {
+        QStringList rows;
+        auto* table = findings->findChild<QTreeWidget*>(QStringLiteral("lvFindings"));
+        for (int i = 0; i < table->topLevelItemCount(); ++i) {
+            const QTreeWidgetItem* item = table->topLevelItem(i);
+            if (!item->isHidden())
+                rows << item->text(0) + "|" + item->text(1) + "|" + item->text(3);
+        }
+        return rows;
+    }
+    void DoubleClick(frmCheck* findings, const QString& faction, const QString& file,
+                     const QString& where) {
+        auto* table = findings->findChild<QTreeWidget*>(QStringLiteral("lvFindings"));
+        for (int i = 0; i < table->topLevelItemCount(); ++i) {
+            QTreeWidgetItem* item = table->topLevelItem(i);
+            if (item->text(1) == faction && item->text(2) == file && item->text(3) == where) {
+                table->setCurrentItem(item);
+                emit table->itemDoubleClicked(item, 0);
+                return;
+            }
+        }
+        QFAIL(qPrintable("no finding " + faction + " " + where));
+    }
+
+private slots:
+    void init() {
+        folder = std::make_unique<TempFolder>();
+        modFunctions::EnsureProjectsFolder(folder->path());
+        modFunctions::CreateProjectFolders(folder->path(), "P");
+        // Two factions; b_grp's event value has a comma, a_grp's ship list a ship of its own.
+        Write("misc/factions.ini", "[a_grp]\r\ngrp=A\r\n[b_grp]\r\ngrp=B\r\n");
+        Write("emphaty/new/grp.ini", "[a_grp]\r\no_d=0.1\r\n[b_grp]\r\no_d=0,5\r\n");
+        Write("faction_prop/Shiplist_a_grp.lst", "my_own_ship\r\n\r\n");
+        session = std::make_unique<Session>();
+        session->appDir = folder->path();
+        dialogs = std::make_unique<ScriptedDialogs>();
+        window = std::make_unique<frmMain>(*session, *dialogs);
+        window->show();
+        emit Main<VantelButton>("VantelButton4")->Click();
+        Main<QListWidget>("lstProjects")->setCurrentRow(0);
+        emit Main<VantelButton>("VantelButton6")->Click();
+    }
+    void cleanup() {
+        window.reset();
+        dialogs.reset();
+        session.reset();
+        folder.reset();
+    }
+
+    void FindingsAreSortedAndFilteredBySeverity() {
+        QCOMPARE(Main<VantelButton>("btnCheck")->Caption(), QString("Prüfen"));
+        frmCheck* findings = RunCheck();
+        QVERIFY(findings && findings->isVisible());
+        QCOMPARE(findings->windowTitle(), QString("P"));
+        QCOMPARE(Get<QCheckBox>(findings, "chkCheckNotes")->text(), QString("Hinweise"));
+        const QStringList rows = Rows(findings);
+        QCOMPARE(rows.size(), qsizetype(findings->Findings().size()));
+        QCOMPARE(rows.front(), QString("error|b_grp|[b_grp] o_d"));
+        QVERIFY(rows.contains("warning|a_grp|line 1"));
+        QVERIFY(rows.back().startsWith("warning|"));
+
+        Get<QCheckBox>(findings, "chkCheckWarnings")->setChecked(false);
+        QCOMPARE(Rows(findings), QStringList{"error|b_grp|[b_grp] o_d"});
+        Get<QCheckBox>(findings, "chkCheckWarnings")->setChecked(true);
+        Get<QCheckBox>(findings, "chkCheckErrors")->setChecked(false);
+        QCOMPARE(Rows(findings).size(), rows.size() - 1);
+
+        auto* table = findings->findChild<QTreeWidget*>(QStringLiteral("lvFindings"));
+        table->sortByColumn(0, Qt::DescendingOrder);
+        QVERIFY(Rows(findings).front().startsWith("warning|"));
+        table->sortByColumn(1, Qt::AscendingOrder);
+        QVERIFY(Rows(findings).front().contains("|a_grp|"));
+
+        // Checking again replaces the window; in English its captions are English.
+        emit Main<VantelButton>("VantelButton2")->Click();
+        QCOMPARE(Main<VantelButton>("btnCheck")->Caption(), QString("Check"));
+        frmCheck* again = RunCheck();
+        QVERIFY(again != nullptr);
+        QCOMPARE(Get<QCheckBox>(again, "chkCheckNotes")->text(), QString("Notes"));
+        QCOMPARE(Rows(again).size(), rows.size());
+    }
+
+    void DoubleClickOpensThePageAndFaction() {
+        frmCheck* findings = RunCheck();
+        auto* SSTab1 = Main<QTabWidget>("SSTab1");
+
+        DoubleClick(findings, "b_grp", "emphaty\\new\\grp.ini", "[b_grp] o_d");
+        QCOMPARE(SSTab1->currentWidget()->isAncestorOf(Main<QWidget>("cboemphaty_group")), true);
+        QCOMPARE(Main<QComboBox>("cboemphaty_group")->currentText(), QString("b_grp"));
+        QCOMPARE(Main<QComboBox>("Combo1")->currentText(), QString("0,5")); // the faction loaded
+
+        DoubleClick(findings, "a_grp", "faction_prop\\Shiplist_a_grp.lst", "line 1");
+        QCOMPARE(SSTab1->currentWidget()->isAncestorOf(Main<QWidget>("cboFP_group")), true);
+        QCOMPARE(Main<QComboBox>("cboFP_group")->currentText(), QString("a_grp"));
+        QCOMPARE(Main<QTabWidget>("SSTab2")->currentIndex(), 0); // the ships' tab
+        QCOMPARE(Main<QListWidget>("lstFPShips")->item(0)->text(), QString("my_own_ship"));
+
+        DoubleClick(findings, "b_grp", "initialworld\\grp.ini", "[b_grp]"); // no entry there
+        QCOMPARE(SSTab1->currentWidget()->isAncestorOf(Main<QWidget>("cboInit_group")), true);
+        QCOMPARE(Main<QComboBox>("cboInit_group")->currentText(), QString("b_grp"));
+    }
+
+    void RegistryFindingsSelectTheRegistryEntry() {
+        Write("misc/factions.ini", "[a_grp]\r\ngrp=A\r\n[b_grp]\r\n");
+        emit Main<VantelButton>("btnnewfactionreload")->Click();
+        frmCheck* findings = RunCheck();
+        Main<QTabWidget>("SSTab1")->setCurrentIndex(1);
+        DoubleClick(findings, "b_grp", "misc\\factions.ini", "[b_grp] grp");
+        QCOMPARE(Main<QTabWidget>("SSTab1")->currentIndex(), 0);
+        QCOMPARE(Main<QLineEdit>("txtNewNick")->text(), QString("b_grp"));
+        QCOMPARE(Main<QLineEdit>("txtNewDescr")->text(), QString("[ERROR]"));
+    }
+};
+
+QTEST_MAIN(frmCheckTest)
+#include "frmCheck_test.moc"
