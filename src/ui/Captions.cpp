@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTabWidget>
+#include <QTreeWidget>
 
 namespace captions {
 namespace {
@@ -92,6 +93,19 @@ constexpr Row Rows[] = {
     {"btnMatrixPng", Caption, 0, "PNG exportieren", "Export PNG"},
     {"btnCheck", Caption, 0, "Prüfen", "Check"},
 };
+
+constexpr Row FindingsWindowRows[] = {
+    {"chkCheckErrors", Caption, 0, "Fehler", "Errors"},
+    {"chkCheckWarnings", Caption, 0, "Warnungen", "Warnings"},
+    {"chkCheckNotes", Caption, 0, "Hinweise", "Notes"},
+    {"lblCheckHint", Caption, 0, "Doppelklick öffnet die Seite der Fraktion.", "Double-click opens the page of the faction."},
+    {"lvFindings", ColumnCaption, 0, "Schwere", "Severity"},
+    {"lvFindings", ColumnCaption, 1, "Fraktion", "Faction"},
+    {"lvFindings", ColumnCaption, 2, "Datei", "File"},
+    {"lvFindings", ColumnCaption, 3, "Stelle", "Where"},
+    {"lvFindings", ColumnCaption, 4, "Gespeichert", "Stored"},
+    {"lvFindings", ColumnCaption, 5, "Befund", "Message"},
+};
 // clang-format on
 
 void SetCaption(QWidget* widget, const QString& text) {
@@ -125,6 +139,10 @@ void Set(QWidget* widget, const Row& row, const QString& text) {
         if (auto* tabs = qobject_cast<QTabWidget*>(widget); tabs && row.page < tabs->count())
             tabs->setTabText(row.page, text);
         break;
+    case ColumnCaption:
+        if (auto* list = qobject_cast<QTreeWidget*>(widget); list && row.page < list->columnCount())
+            list->headerItem()->setText(row.page, text);
+        break;
     }
 }
 
@@ -134,8 +152,16 @@ std::span<const Row> Table() {
     return Rows;
 }
 
+std::span<const Row> FindingsWindowTable() {
+    return FindingsWindowRows;
+}
+
 void Apply(QWidget& window, Language language) {
-    for (const Row& row : Rows) {
+    Apply(window, language, Rows);
+}
+
+void Apply(QWidget& window, Language language, std::span<const Row> rows) {
+    for (const Row& row : rows) {
         const QString text =
             QString::fromUtf8(language == Language::German ? row.german : row.english);
         if (window.objectName() == QLatin1String(row.control))

@@ -11,10 +11,11 @@ namespace captions {
 enum class Language { German, English };
 
 enum class Setting {
-    Caption,     // label, frame, check box, image button
-    ToolTipText, // tool tip
-    Text,        // text box
-    PageCaption, // caption of one page of a tab strip
+    Caption,       // label, frame, check box, image button
+    ToolTipText,   // tool tip
+    Text,          // text box
+    PageCaption,   // caption of one page of a tab strip
+    ColumnCaption, // heading of one column (page) of a list view
 };
 
 struct Row {
@@ -25,10 +26,16 @@ struct Row {
     const char* english; // UTF-8
 };
 
+// The main window's rows.
 std::span<const Row> Table();
+// The findings window's rows: it takes the main window's language when it opens.
+std::span<const Row> FindingsWindowTable();
 
-// Sets every row of the table to the language; rows whose control is absent are skipped.
+// Sets every row of the main window's table to the language; rows whose control is absent
+// are skipped.
 void Apply(QWidget& window, Language language);
+// The same for another window's own table.
+void Apply(QWidget& window, Language language, std::span<const Row> rows);
 
 // The caption of VantelButton2 while the interface is German (it offers the other language).
 inline constexpr const char* OfferEnglish = "Englische Version";

@@ -39,19 +39,11 @@ frmCheck::frmCheck(std::vector<check::Finding> findings_, const QString& project
     setWindowTitle(project);
     resize(900, 420);
 
-    const bool german = language == captions::Language::German;
-    const auto caption = [german](const char* inGerman, const char* inEnglish) {
-        return QString::fromUtf8(german ? inGerman : inEnglish);
-    };
-    chkCheckErrors = Named(new QCheckBox(caption("Fehler", "Errors"), this), "chkCheckErrors");
-    chkCheckWarnings =
-        Named(new QCheckBox(caption("Warnungen", "Warnings"), this), "chkCheckWarnings");
-    chkCheckNotes = Named(new QCheckBox(caption("Hinweise", "Notes"), this), "chkCheckNotes");
+    chkCheckErrors = Named(new QCheckBox(this), "chkCheckErrors");
+    chkCheckWarnings = Named(new QCheckBox(this), "chkCheckWarnings");
+    chkCheckNotes = Named(new QCheckBox(this), "chkCheckNotes");
     lblCheckCount = Named(new QLabel(this), "lblCheckCount");
-    lblCheckHint = Named(new QLabel(caption("Doppelklick öffnet die Seite der Fraktion.",
-                                            "Double-click opens the page of the faction."),
-                                    this),
-                         "lblCheckHint");
+    lblCheckHint = Named(new QLabel(this), "lblCheckHint");
     for (QCheckBox* box : {chkCheckErrors, chkCheckWarnings, chkCheckNotes}) {
         box->setChecked(true);
         connect(box, &QCheckBox::toggled, this, &frmCheck::chkSeverity_Click);
@@ -61,9 +53,7 @@ frmCheck::frmCheck(std::vector<check::Finding> findings_, const QString& project
     lvFindings->setAccessibleName(QStringLiteral("Findings"));
     lvFindings->setRootIsDecorated(false);
     lvFindings->setUniformRowHeights(true);
-    lvFindings->setHeaderLabels({QStringLiteral("Severity"), QStringLiteral("Faction"),
-                                 QStringLiteral("File"), QStringLiteral("Where"),
-                                 QStringLiteral("Stored"), QStringLiteral("Message")});
+    lvFindings->setColumnCount(MessageColumn + 1);
     lvFindings->header()->setStretchLastSection(true);
     connect(lvFindings, &QTreeWidget::itemDoubleClicked, this, &frmCheck::lvFindings_DblClick);
 
@@ -78,6 +68,7 @@ frmCheck::frmCheck(std::vector<check::Finding> findings_, const QString& project
     layout->addWidget(lvFindings);
     layout->addWidget(lblCheckHint);
 
+    captions::Apply(*this, language, captions::FindingsWindowTable());
     FillTable();
 }
 

@@ -18,7 +18,7 @@ class frmCheck : public QWidget {
 public:
     using GoTo = std::function<void(const check::Finding&)>;
     // The window speaks the language the main window shows when it opens; like the import
-    // dialog it keeps its captions afterwards (they are its own, not rows of the main table).
+    // dialog it keeps its captions afterwards (rows of its own table, not the main one's).
     frmCheck(std::vector<check::Finding> findings, const QString& project, GoTo goTo,
              captions::Language language, QWidget* parent = nullptr);
 

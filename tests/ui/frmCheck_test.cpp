@@ -92,12 +92,22 @@ private slots:
         folder.reset();
     }
 
+    static QStringList Headings(frmCheck* findings) {
+        const auto* table = findings->findChild<QTreeWidget*>(QStringLiteral("lvFindings"));
+        QStringList headings;
+        for (int column = 0; column < table->columnCount(); ++column)
+            headings << table->headerItem()->text(column);
+        return headings;
+    }
+
     void FindingsAreSortedAndFilteredBySeverity() {
         QCOMPARE(Main<VantelButton>("btnCheck")->Caption(), QString("Prüfen"));
         frmCheck* findings = RunCheck();
         QVERIFY(findings && findings->isVisible());
         QCOMPARE(findings->windowTitle(), QString("P"));
         QCOMPARE(Get<QCheckBox>(findings, "chkCheckNotes")->text(), QString("Hinweise"));
+        QCOMPARE(Headings(findings),
+                 QStringList({"Schwere", "Fraktion", "Datei", "Stelle", "Gespeichert", "Befund"}));
         const QStringList rows = Rows(findings);
         QCOMPARE(rows.size(), qsizetype(findings->Findings().size()));
         QCOMPARE(rows.front(), QString("error|b_grp|[b_grp] o_d"));
@@ -122,6 +132,10 @@ private slots:
         frmCheck* again = RunCheck();
         QVERIFY(again != nullptr);
         QCOMPARE(Get<QCheckBox>(again, "chkCheckNotes")->text(), QString("Notes"));
+        QCOMPARE(Get<QLabel>(again, "lblCheckHint")->text(),
+                 QString("Double-click opens the page of the faction."));
+        QCOMPARE(Headings(again),
+                 QStringList({"Severity", "Faction", "File", "Where", "Stored", "Message"}));
         QCOMPARE(Rows(again).size(), rows.size());
     }
 

@@ -539,6 +539,8 @@ private slots:
                 return tabs && row.page < tabs->count() ? tabs->tabText(row.page)
                                                         : QString("<no page>");
             }
+            case captions::Setting::ColumnCaption: // the main window's table holds none
+                return QString("<column>");
             case captions::Setting::Caption:
                 if (auto* button = qobject_cast<VantelButton*>(widget))
                     return button->Caption();
