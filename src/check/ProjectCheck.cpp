@@ -36,27 +36,6 @@ constexpr std::string_view ListSuffix = ".lst";
 constexpr std::string_view RateKey = "rep";
 constexpr std::string_view MissingGroup = "[ERROR]";
 
-const std::array<unsigned char, 256>& FoldTable() {
-    static const std::array<unsigned char, 256> table = [] {
-        std::array<unsigned char, 256> t{};
-        for (int c = 0; c < 256; ++c)
-            t[static_cast<std::size_t>(c)] = names::FoldByte(static_cast<unsigned char>(c));
-        return t;
-    }();
-    return table;
-}
-
-// names::EqualIgnoringCase through a table: this runs once per stored rate.
-bool SameFolded(std::string_view a, std::string_view b) {
-    if (a.size() != b.size())
-        return false;
-    const auto& fold = FoldTable();
-    for (std::size_t i = 0; i < a.size(); ++i)
-        if (fold[static_cast<unsigned char>(a[i])] != fold[static_cast<unsigned char>(b[i])])
-            return false;
-    return true;
-}
-
 std::string Quoted(std::string_view text) {
     return "\"" + std::string(text) + "\"";
 }
@@ -253,7 +232,7 @@ private:
     // The number of a registered faction (its place in factions_), found without regard to
     // case; nullopt for any other name.
     std::optional<std::size_t> IndexOf(std::string_view nickname) const {
-        const auto& fold = FoldTable();
+        const auto& fold = names::FoldTable();
         fold_.resize(nickname.size());
         for (std::size_t i = 0; i < nickname.size(); ++i)
             fold_[i] = static_cast<char>(fold[static_cast<unsigned char>(nickname[i])]);
@@ -277,7 +256,7 @@ private:
             return last.index; // the same section again
         last.name = name;
         const std::size_t next = last.found ? *last.found + 1 : 0;
-        if (next < factions_.size() && SameFolded(factions_[next], name))
+        if (next < factions_.size() && names::EqualIgnoringCase(factions_[next], name))
             last.index = next;
         else
             last.index = IndexOf(name);

@@ -77,34 +77,14 @@ std::optional<std::string_view> KeyOf(std::string_view text) {
     return Trim(text.substr(0, equals));
 }
 
-const std::array<unsigned char, 256>& FoldTable() {
-    static const std::array<unsigned char, 256> table = [] {
-        std::array<unsigned char, 256> t{};
-        for (int c = 0; c < 256; ++c)
-            t[static_cast<std::size_t>(c)] = names::FoldByte(static_cast<unsigned char>(c));
-        return t;
-    }();
-    return table;
-}
-
 std::uint64_t FoldedHash(std::string_view name) {
-    const auto& fold = FoldTable();
+    const auto& fold = names::FoldTable();
     std::uint64_t hash = 1469598103934665603ull;
     for (const char c : name) {
         hash ^= fold[static_cast<unsigned char>(c)];
         hash *= 1099511628211ull;
     }
     return hash;
-}
-
-bool FoldedEqual(std::string_view a, std::string_view b) {
-    if (a.size() != b.size())
-        return false;
-    const auto& fold = FoldTable();
-    for (std::size_t i = 0; i < a.size(); ++i)
-        if (fold[static_cast<unsigned char>(a[i])] != fold[static_cast<unsigned char>(b[i])])
-            return false;
-    return true;
 }
 
 // Sections with at most this many keys are searched line by line instead of indexed.
@@ -131,7 +111,7 @@ std::optional<std::uint32_t> IniDocument::NameIndex::Find(std::string_view name,
         const Slot& slot = slots_[i];
         if (slot.id == Empty)
             return std::nullopt;
-        if (slot.hash == shortHash && FoldedEqual(nameOf(slot.id), name))
+        if (slot.hash == shortHash && names::EqualIgnoringCase(nameOf(slot.id), name))
             return slot.id;
     }
 }
@@ -150,7 +130,7 @@ bool IniDocument::NameIndex::Insert(std::string_view name, std::uint64_t hash, s
             ++count_;
             return true;
         }
-        if (slot.hash == shortHash && FoldedEqual(nameOf(slot.id), name))
+        if (slot.hash == shortHash && names::EqualIgnoringCase(nameOf(slot.id), name))
             return false;
     }
 }
@@ -256,7 +236,7 @@ std::optional<std::size_t> IniDocument::FindKeyLine(const Section& section,
     if (!section.indexed) {
         // The first of equal keys counts, as in the index.
         for (std::uint32_t at = header + 1; at <= section.lastLine; ++at)
-            if (const auto name = KeyOf(Text(at)); name && FoldedEqual(*name, key))
+            if (const auto name = KeyOf(Text(at)); name && names::EqualIgnoringCase(*name, key))
                 return at;
         return std::nullopt;
     }

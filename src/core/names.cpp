@@ -32,12 +32,22 @@ std::string Folded(std::string_view name) {
     return out;
 }
 
+const std::array<unsigned char, 256>& FoldTable() {
+    static const std::array<unsigned char, 256> table = [] {
+        std::array<unsigned char, 256> t{};
+        for (int c = 0; c < 256; ++c)
+            t[static_cast<std::size_t>(c)] = FoldByte(static_cast<unsigned char>(c));
+        return t;
+    }();
+    return table;
+}
+
 bool EqualIgnoringCase(std::string_view a, std::string_view b) {
     if (a.size() != b.size())
         return false;
+    const auto& fold = FoldTable();
     for (std::size_t i = 0; i < a.size(); ++i)
-        if (FoldByte(static_cast<unsigned char>(a[i])) !=
-            FoldByte(static_cast<unsigned char>(b[i])))
+        if (fold[static_cast<unsigned char>(a[i])] != fold[static_cast<unsigned char>(b[i])])
             return false;
     return true;
 }

@@ -1,6 +1,7 @@
 #pragma once
 // Project names and faction nicknames become file-name parts and INI section names;
 // this is the one rule that decides which are acceptable, and the order they sort in.
+#include <array>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -29,6 +30,8 @@ bool LessIgnoringCase(std::string_view a, std::string_view b);
 void SortIgnoringCase(std::vector<std::string>& names);
 // A byte's small letter: ASCII and the Windows-1252 letters that have a case pair.
 unsigned char FoldByte(unsigned char byte);
+// FoldByte of every byte, for loops that fold much text.
+const std::array<unsigned char, 256>& FoldTable();
 std::string Folded(std::string_view name);
 // Equality of names without regard to case (ASCII and the Windows-1252 letter pairs).
 bool EqualIgnoringCase(std::string_view a, std::string_view b);
