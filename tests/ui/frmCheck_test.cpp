@@ -7,6 +7,7 @@
 #include "ui/VantelButton.h"
 #include "ui/frmCheck.h"
 #include "ui/frmMain.h"
+#include "ui/support/MainWindowFixture.h"
 #include "ui/support/ScriptedDialogs.h"
 
 #include <QCheckBox>
@@ -19,15 +20,10 @@
 #include <QTreeWidget>
 #include <memory>
 
-class frmCheckTest : public QObject {
+class frmCheckTest : public QObject, protected MainWindowFixture {
     Q_OBJECT
 
 private:
-    std::unique_ptr<TempFolder> folder;
-    std::unique_ptr<Session> session;
-    std::unique_ptr<ScriptedDialogs> dialogs;
-    std::unique_ptr<frmMain> window;
-
     template <class T> T* Get(QWidget* in, const char* name) {
         T* widget = in->findChild<T*>(QString::fromLatin1(name));
         if (!widget)
@@ -69,28 +65,19 @@ private:
 
 private slots:
     void init() {
-        folder = std::make_unique<TempFolder>();
+        NewFolder();
         modFunctions::EnsureProjectsFolder(folder->path());
         modFunctions::CreateProjectFolders(folder->path(), "P");
         // Two factions; b_grp's event value has a comma, a_grp's ship list a ship of its own.
         Write("misc/factions.ini", "[a_grp]\r\ngrp=A\r\n[b_grp]\r\ngrp=B\r\n");
         Write("emphaty/new/grp.ini", "[a_grp]\r\no_d=0.1\r\n[b_grp]\r\no_d=0,5\r\n");
         Write("faction_prop/Shiplist_a_grp.lst", "my_own_ship\r\n\r\n");
-        session = std::make_unique<Session>();
-        session->appDir = folder->path();
-        dialogs = std::make_unique<ScriptedDialogs>();
-        window = std::make_unique<frmMain>(*session, *dialogs);
-        window->show();
+        OpenWindow();
         emit Main<VantelButton>("VantelButton4")->Click();
         Main<QListWidget>("lstProjects")->setCurrentRow(0);
         emit Main<VantelButton>("VantelButton6")->Click();
     }
-    void cleanup() {
-        window.reset();
-        dialogs.reset();
-        session.reset();
-        folder.reset();
-    }
+    void cleanup() { CloseWindow(); }
 
     static QStringList Headings(frmCheck* findings) {
         const auto* table = findings->findChild<QTreeWidget*>(QStringLiteral("lvFindings"));

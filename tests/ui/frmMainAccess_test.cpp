@@ -7,6 +7,7 @@
 #include "ui/VantelButton.h"
 #include "ui/frmFPBodyparts.h"
 #include "ui/frmMain.h"
+#include "ui/support/MainWindowFixture.h"
 #include "ui/support/ScriptedDialogs.h"
 
 #include <QAccessible>
@@ -21,21 +22,10 @@
 #include <QTimer>
 #include <memory>
 
-class frmMainAccessTest : public QObject {
+class frmMainAccessTest : public QObject, protected MainWindowFixture {
     Q_OBJECT
 
 private:
-    std::unique_ptr<TempFolder> folder;
-    std::unique_ptr<Session> session;
-    std::unique_ptr<ScriptedDialogs> dialogs;
-    std::unique_ptr<frmMain> window;
-
-    template <class T> T* Get(const char* name) {
-        T* widget = window->findChild<T*>(QString::fromLatin1(name));
-        if (!widget)
-            qFatal("no control %s", name);
-        return widget;
-    }
     static QString AccessibleName(QWidget* widget) {
         return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
     }
@@ -72,20 +62,11 @@ private:
 
 private slots:
     void init() {
-        folder = std::make_unique<TempFolder>();
-        session = std::make_unique<Session>();
-        session->appDir = folder->path();
-        dialogs = std::make_unique<ScriptedDialogs>();
-        window = std::make_unique<frmMain>(*session, *dialogs);
-        window->show();
+        NewFolder();
+        OpenWindow();
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
     }
-    void cleanup() {
-        window.reset();
-        dialogs.reset();
-        session.reset();
-        folder.reset();
-    }
+    void cleanup() { CloseWindow(); }
 
     void TabReachesEveryImageButtonInOrderAndSpaceClicksIt() {
         QCOMPARE(TabOrder(),
@@ -99,10 +80,10 @@ private slots:
 
         // On the registry panel, its buttons row by row.
         LoadProject("P");
-        QCOMPARE(TabOrder(), QStringList({"VantelButton1", "VantelButton2", "VantelButton3",
-                                          "btnnewfactionnew", "btnnewfactiondel",
-                                          "btnnewfactionreload", "btnCheck", "btnImport",
-                                          "btnImportAll"}));
+        QCOMPARE(TabOrder(),
+                 QStringList({"VantelButton1", "VantelButton2", "VantelButton3", "btnnewfactionnew",
+                              "btnnewfactiondel", "btnnewfactionreload", "btnCheck", "btnImport",
+                              "btnImportAll"}));
     }
 
     void ImageButtonsReadTheirOwnCaptionsInBothLanguages() {

@@ -7,6 +7,7 @@
 #include "ui/Twips.h"
 #include "ui/VantelButton.h"
 #include "ui/frmMain.h"
+#include "ui/support/MainWindowFixture.h"
 #include "ui/support/ScriptedDialogs.h"
 
 #include <QAbstractButton>
@@ -122,21 +123,10 @@ constexpr LiteralCaption LiteralCaptions[] = {
 
 } // namespace
 
-class frmMainTest : public QObject {
+class frmMainTest : public QObject, protected MainWindowFixture {
     Q_OBJECT
 
 private:
-    std::unique_ptr<TempFolder> folder;
-    std::unique_ptr<Session> session;
-    std::unique_ptr<ScriptedDialogs> dialogs;
-    std::unique_ptr<frmMain> window;
-
-    template <class T> T* Get(const char* name) {
-        T* widget = window->findChild<T*>(QString::fromLatin1(name));
-        if (!widget)
-            qFatal("no control %s", name);
-        return widget;
-    }
     QTimer* Timer(const char* name) { return Get<QTimer>(name); }
     void Click(const char* button) { emit Get<VantelButton>(button)->Click(); }
     // Fires a timer's handler until the timer stops itself; returns the number of ticks.
@@ -188,20 +178,11 @@ private:
 
 private slots:
     void init() {
-        folder = std::make_unique<TempFolder>();
+        NewFolder();
         fs::create_directory((*folder) / "projects");
-        session = std::make_unique<Session>();
-        session->appDir = folder->path();
-        dialogs = std::make_unique<ScriptedDialogs>();
-        window = std::make_unique<frmMain>(*session, *dialogs);
-        window->show();
+        OpenWindow();
     }
-    void cleanup() {
-        window.reset();
-        dialogs.reset();
-        session.reset();
-        folder.reset();
-    }
+    void cleanup() { CloseWindow(); }
 
     void StartsInGermanOnTheProjectManager() {
         QCOMPARE(window->windowTitle(), QString("Orrindel 2.0 beta 2 || Halvex"));
