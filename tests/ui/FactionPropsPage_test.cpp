@@ -123,6 +123,29 @@ private slots:
         QCOMPARE(Value("x", "plurality"), "<absent>");
         QCOMPARE(prefix->count(), 1);
         QCOMPARE(prefix->itemText(0), QStringLiteral("ignore"));
+
+        // Back on the faction with a section: the voice and scan "Add" buttons; an empty
+        // catalogue choice adds nothing.
+        Pick(0);
+        PickItem("cboFPVoice", "pilot_f_leg_f01");
+        Get<VantelButton>("VantelButton10")->click();
+        Get<QComboBox>("cboFPScan")->setEditText(QStringLiteral("commodity_gold"));
+        Get<VantelButton>("VantelButton11")->click();
+        Get<VantelButton>("VantelButton11")->click();
+        Get<QComboBox>("cboFPScan")->setEditText(QString());
+        Get<VantelButton>("VantelButton11")->click();
+        QCOMPARE(TempFolder::Read(File("\\faction_prop\\Voicelist_li_p_grp.lst")),
+                 "pilot_f_leg_f01\r\n\r\n");
+        QCOMPARE(TempFolder::Read(File("\\faction_prop\\Scanlist_li_p_grp.lst")),
+                 "commodity_gold\r\ncommodity_gold\r\n\r\n");
+        QCOMPARE(Items(Get<QListWidget>("lstFPscan")),
+                 (QStringList{"commodity_gold", "commodity_gold"}));
+        // "False" resets the stored chance in the faction's own section; the rest stays.
+        QCOMPARE(Get<QLineEdit>("txtFPScan")->text(), QStringLiteral("0.5"));
+        PickItem("cboFPScanFracht", "False");
+        QCOMPARE(Value("li_p_grp", "scan_announce"), "False");
+        QCOMPARE(Value("li_p_grp", "scan_chance"), "0.0");
+        QCOMPARE(Value("li_p_grp", "lastname"), "226908");
         QVERIFY(dialogs->shown.empty());
     }
 
@@ -201,35 +224,6 @@ private slots:
         QCOMPARE(Items(Get<QListWidget>("lstFPVoice")), (QStringList{"walker", "   "}));
         QCOMPARE(Items(Get<QListWidget>("lstFPformation")), QStringList{"ANY, convoy1"});
         QCOMPARE(Get<QTabWidget>("SSTab2")->count(), 5);
-    }
-
-    void VoiceAndScanAddAndTheScanRuleOnAFactionWithASection() {
-        TempFolder::Write(Sheet(), "[li_p_grp]\r\nscan_announce=True\r\nscan_chance=0.5\r\n"
-                                   "lastname=226908\r\n");
-        Pick(0);
-        PickItem("cboFPVoice", "pilot_f_leg_f01");
-        Get<VantelButton>("VantelButton10")->click();
-        Get<QComboBox>("cboFPScan")->setEditText(QStringLiteral("commodity_gold"));
-        Get<VantelButton>("VantelButton11")->click();
-        Get<VantelButton>("VantelButton11")->click();
-        QCOMPARE(TempFolder::Read(File("\\faction_prop\\Voicelist_li_p_grp.lst")),
-                 "pilot_f_leg_f01\r\n\r\n");
-        QCOMPARE(TempFolder::Read(File("\\faction_prop\\Scanlist_li_p_grp.lst")),
-                 "commodity_gold\r\ncommodity_gold\r\n\r\n");
-        QCOMPARE(Items(Get<QListWidget>("lstFPscan")),
-                 (QStringList{"commodity_gold", "commodity_gold"}));
-        // An empty catalogue choice adds nothing.
-        Get<QComboBox>("cboFPScan")->setEditText(QString());
-        Get<VantelButton>("VantelButton11")->click();
-        QCOMPARE(Get<QListWidget>("lstFPscan")->count(), 2);
-
-        // "False" resets the stored chance in the faction's own section; the rest stays.
-        QCOMPARE(Get<QLineEdit>("txtFPScan")->text(), QStringLiteral("0.5"));
-        PickItem("cboFPScanFracht", "False");
-        QCOMPARE(Value("li_p_grp", "scan_announce"), "False");
-        QCOMPARE(Value("li_p_grp", "scan_chance"), "0.0");
-        QCOMPARE(Value("li_p_grp", "lastname"), "226908");
-        QVERIFY(dialogs->shown.empty());
     }
 
     void BodypartDialogEnablesOkAndUsesTheFactionShownWhenPressed() {

@@ -55,16 +55,6 @@ private slots:
         button.setCaption("Neu...");
         button.setObjectName("renamed"); // a set caption no longer follows the name
         QCOMPARE(button.findChild<QLabel*>("lblCaption")->text(), QString("Neu..."));
-        button.setFontName("Serif");
-        button.setFontSize(12);
-        button.setBold(true);
-        button.setItalic(true);
-        button.setUnderline(true);
-        button.setForeColor(QColor(0x80, 0, 0));
-        QCOMPARE(button.FontName(), QString("Serif"));
-        QCOMPARE(button.FontSize(), qint16(12));
-        QVERIFY(button.Bold() && button.Italic() && button.Underline());
-        QCOMPARE(button.ForeColor(), QColor(0x80, 0, 0));
     }
 
     void AmpersandMarksTheAccessKeyThatClicksTheButton() {

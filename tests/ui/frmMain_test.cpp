@@ -14,7 +14,6 @@
 #include <QAccessible>
 #include <QComboBox>
 #include <QDialog>
-#include <QElapsedTimer>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -188,16 +187,11 @@ private slots:
         QCOMPARE(window->windowTitle(), QString("Orrindel 2.0 beta 2 || Halvex"));
         QCOMPARE(Get<QTabWidget>("SSTab1")->currentIndex(), 0);
         QCOMPARE(Get<QTabWidget>("SSTab1")->count(), 6);
-        QCOMPARE(Get<QTabWidget>("SSTab1")->tabText(0), QString("Projektmanager"));
-        QCOMPARE(Get<QTabWidget>("SSTab1")->tabText(4), QString("XML-Script"));
-        QCOMPARE(Get<QTabWidget>("SSTab1")->tabText(5), QString("Matrix"));
-        QCOMPARE(Get<VantelButton>("VantelButton2")->Caption(), QString("Englische Version"));
         QVERIFY(Get<VantelButton>("VantelButton3")->Bold());
         QVERIFY(!Get<VantelButton>("VantelButton2")->Bold());
         QVERIFY(!Get<QGroupBox>("Frame1")->isHidden());
         QVERIFY(Get<QGroupBox>("Frame2")->isHidden());
         QVERIFY(Get<QLineEdit>("txtdateiname")->isHidden());
-        QCOMPARE(Get<QLineEdit>("txtdateiname")->text(), QString("Projektname"));
         QCOMPARE(Get<QLabel>("lblActiveProject")->text(), QString());
         QCOMPARE(Get<QLabel>("Label4")->text(), QString("-->"));
         QCOMPARE(Get<QLineEdit>("txtZeit")->text(), QString("80"));
@@ -207,8 +201,7 @@ private slots:
         QVERIFY(Projects().isEmpty());
         for (const char* timer : {"Timer1", "Timer2", "Timer3", "Timer4", "Timer7"})
             QVERIFY(!Timer(timer)->isActive());
-        QCOMPARE(Timer("Timer1")->interval(), 1);
-        QCOMPARE(Timer("Timer7")->interval(), 2000);
+        QCOMPARE(Timer("Timer7")->interval(), 2000); // the notice's time on screen
     }
 
     void NameBoxOpensAndClosesIn44Ticks() {
@@ -384,46 +377,30 @@ private slots:
         Click("btnnewfactiondel"); // nothing selected: nothing happens
         QCOMPARE(Factions(), QStringList{"fc_b|fc_b"});
 
-        // Reload takes the file as it is now.
-        TempFolder::Write(registry,
-                          "[one]\r\ngrp=G1\r\n [not]\r\n[t[w]o]\r\n[three]\r\ngrp=G3\r\n");
+        // Reload takes the file as it is now; a name unusable on disk is left out and told.
+        TempFolder::Write(registry, "[one]\r\ngrp=G1\r\n [not]\r\n[t[w]o]\r\n[three]\r\ngrp=G3\r\n"
+                                    "[../up]\r\ngrp=B\r\n");
         QCOMPARE(Factions(), QStringList{"fc_b|fc_b"});
         Click("btnnewfactionreload");
         QCOMPARE(Factions(), (QStringList{"one|G1", "two|[ERROR]", "three|G3"}));
+        QCOMPARE(Get<QComboBox>("cboemphaty_group")->count(), 3);
         QCOMPARE(Get<QLabel>("lblFactionsGesamt")->text(), QString("3"));
-        QVERIFY(dialogs->shown.size() == 1);
-    }
-
-    void RegistryWriteFailuresAreToldWithTheFile() {
-        LoadProject("P");
-        Get<QLineEdit>("txtNewNick")->setText("fc_a");
-        Click("btnnewfactionnew");
-        fs::remove_all(ProjectFile("P", "misc"));
-
-        Get<QLineEdit>("txtNewNick")->setText("fc_b");
-        Click("btnnewfactionnew");
-        QCOMPARE(dialogs->shown.size(), std::size_t(1));
-        QCOMPARE(dialogs->shown[0].icon, QMessageBox::Critical);
-        QVERIFY2(dialogs->shown[0].text.contains("factions.ini"),
-                 qPrintable(dialogs->shown[0].text));
-
-        ClickFaction("fc_a");
-        Click("btnnewfactiondel");
         QCOMPARE(dialogs->shown.size(), std::size_t(2));
-        QVERIFY2(dialogs->shown[1].text.contains("factions.ini"),
-                 qPrintable(dialogs->shown[1].text));
-        QVERIFY(window->isVisible());
-    }
+        QVERIFY(dialogs->shown[1].text.contains("../up"));
 
-    void UnusableRegistryNamesAreLeftOutAndTold() {
-        LoadProject("Alpha");
-        TempFolder::Write(ProjectFile("Alpha", "misc/factions.ini"),
-                          "[ok_grp]\r\ngrp=A\r\n[../up]\r\ngrp=B\r\n");
-        Click("btnnewfactionreload");
-        QCOMPARE(Factions(), QStringList{"ok_grp|A"});
-        QCOMPARE(Get<QComboBox>("cboemphaty_group")->count(), 1);
-        QCOMPARE(dialogs->shown.size(), std::size_t(1));
-        QVERIFY(dialogs->shown.front().text.contains("../up"));
+        // Failed writes are told with the file, for a save and for a delete.
+        fs::remove_all(ProjectFile("P", "misc"));
+        Get<QLineEdit>("txtNewNick")->setText("fc_c");
+        Click("btnnewfactionnew");
+        ClickFaction("one");
+        Click("btnnewfactiondel");
+        QCOMPARE(dialogs->shown.size(), std::size_t(4));
+        QCOMPARE(dialogs->shown[2].icon, QMessageBox::Critical);
+        QVERIFY2(dialogs->shown[2].text.contains("factions.ini"),
+                 qPrintable(dialogs->shown[2].text));
+        QVERIFY2(dialogs->shown[3].text.contains("factions.ini"),
+                 qPrintable(dialogs->shown[3].text));
+        QVERIFY(window->isVisible());
     }
 
     void ProjectFoldersAreListedFromUtf8AndOthersLeftOutAndTold() {
@@ -493,17 +470,6 @@ private slots:
         QVERIFY(QMetaObject::invokeMethod(Timer("Timer3")->parent(), "Timer3_Timer"));
         QVERIFY(Timer("Timer3")->isActive());
         QCOMPARE(twips::Width(frame1), 9880);
-    }
-
-    void NoticeHidesAfter2000ms() {
-        Click("VantelButton6");
-        QElapsedTimer clock;
-        clock.start();
-        auto* notice = Get<QLabel>("lblNoProject");
-        QVERIFY(notice->isVisible());
-        QTRY_VERIFY_WITH_TIMEOUT(notice->isHidden(), 4000);
-        QVERIFY2(clock.elapsed() >= 1990, qPrintable(QString::number(clock.elapsed())));
-        QVERIFY(!Timer("Timer7")->isActive());
     }
 
     // Every row of the captions table, each control present exactly once in the window;
