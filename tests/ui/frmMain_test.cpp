@@ -412,7 +412,11 @@ private slots:
         QCOMPARE(Projects(), QStringList{QString::fromUtf8("Gr\xC3\xB6\xC3\x9F"
                                                            "e")});
         QCOMPARE(dialogs->shown.size(), std::size_t(1));
-        QVERIFY(dialogs->shown.front().text.contains("is left out"));
+        const QString told = dialogs->shown.front().text;
+        QVERIFY2(
+            told.contains(QString::fromStdString("Gr??e 1252\" in " + folder->path() +
+                                                 "/projects is left out: the name is not UTF-8")),
+            qPrintable(told));
     }
 
     void SlidesTakeTheComputedTicks() {
