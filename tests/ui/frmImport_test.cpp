@@ -81,17 +81,13 @@ private slots:
         QCOMPARE(dialog->ChosenNickname(), std::string("li_n_grp"));
         QCOMPARE(s.shownFactions, std::vector<std::string>{"li_n_grp"});
         QCOMPARE(Count(s.Protocol(), "Original imported..."), 1);
-        const std::string facts = txtReadWrite::ReadFileText(
-            modFunctions::ProjectPath(s.session.appDir, "P", "\\faction_prop\\grp.ini"));
 
-        // Again without a new click: the same faction, the same files, one more protocol line.
+        // Again without a new click: the same faction, one more protocol line (that a re-import
+        // leaves the same bytes is the importer's test).
         emit importButton->Click();
         QCOMPARE(dialog->ChosenNickname(), std::string("li_n_grp"));
         QCOMPARE(s.shownFactions, std::vector<std::string>{"li_n_grp"});
         QCOMPARE(Count(s.Protocol(), "Original imported..."), 2);
-        QCOMPARE(txtReadWrite::ReadFileText(
-                     modFunctions::ProjectPath(s.session.appDir, "P", "\\faction_prop\\grp.ini")),
-                 facts);
 
         emit File1->itemClicked(File1->findItems("br_n_grp", Qt::MatchExactly).front());
         emit importButton->Click();
