@@ -1,14 +1,10 @@
 // The check button of the registry panel, the findings window and the way back from a
 // finding to the page and faction it is about, driven through the main window.
 #include "core/modFunctions.h"
-#include "support/TempFolder.h"
 #include "ui/CheckAction.h"
-#include "ui/Session.h"
 #include "ui/VantelButton.h"
 #include "ui/frmCheck.h"
-#include "ui/frmMain.h"
 #include "ui/support/MainWindowFixture.h"
-#include "ui/support/ScriptedDialogs.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -18,7 +14,6 @@
 #include <QTabWidget>
 #include <QTest>
 #include <QTreeWidget>
-#include <memory>
 
 class frmCheckTest : public QObject, protected MainWindowFixture {
     Q_OBJECT

@@ -1,14 +1,10 @@
 // The main window driven through its real widgets: project manager, registry panel,
 // languages and the panel animations. Modal boxes are answered by ScriptedDialogs.
 #include "core/modFunctions.h"
-#include "support/TempFolder.h"
 #include "ui/Captions.h"
-#include "ui/Session.h"
 #include "ui/Twips.h"
 #include "ui/VantelButton.h"
-#include "ui/frmMain.h"
 #include "ui/support/MainWindowFixture.h"
-#include "ui/support/ScriptedDialogs.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -26,7 +22,6 @@
 #include <QTimer>
 #include <QTreeWidget>
 #include <filesystem>
-#include <memory>
 
 namespace fs = std::filesystem;
 
@@ -578,13 +573,21 @@ private slots:
         QCOMPARE(Get<QTabWidget>("SSTab1")->tabText(4), QString("XML-Script"));
     }
 
-    void AboutOpensWithoutOwnerAndClosesByItsLabel() {
-        Click("VantelButton3");
+    // "?" twice leaves one About window; closed, it opens again.
+    void AboutOpensOnceWithoutOwnerAndClosesByItsLabel() {
         QWidget* about = nullptr;
-        for (QWidget* top : QApplication::topLevelWidgets())
-            if (top->objectName() == "frmAbout" && top->isVisible())
-                about = top;
-        QVERIFY(about);
+        const auto abouts = [&about] {
+            int count = 0;
+            for (QWidget* top : QApplication::topLevelWidgets())
+                if (top->objectName() == "frmAbout" && top->isVisible()) {
+                    about = top;
+                    ++count;
+                }
+            return count;
+        };
+        Click("VantelButton3");
+        Click("VantelButton3");
+        QCOMPARE(abouts(), 1);
         QCOMPARE(about->parentWidget(), nullptr);
         QCOMPARE(about->windowTitle(), QString("Orrindel 2.0 || Halvex"));
         auto* tabs = about->findChild<QTabWidget*>();
@@ -595,6 +598,9 @@ private slots:
         QTRY_VERIFY(guard.isNull());
         QVERIFY(window->isVisible());
         QCOMPARE(Get<QLabel>("Label1")->text(), QString("Scroll-Tempo"));
+        Click("VantelButton3");
+        QCOMPARE(abouts(), 1);
+        about->close();
     }
 };
 
