@@ -2,12 +2,10 @@
 #include "core/modFunctions.h"
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
-#include "support/TempFolder.h"
 #include "ui/FactionPropsPage.h"
-#include "ui/Session.h"
 #include "ui/VantelButton.h"
 #include "ui/frmFPBodyparts.h"
-#include "ui/support/ScriptedDialogs.h"
+#include "ui/support/PageFixture.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -17,23 +15,11 @@
 #include <QRadioButton>
 #include <QTabWidget>
 #include <QTest>
-#include <memory>
 
-class FactionPropsPageTest : public QObject {
+class FactionPropsPageTest : public QObject, protected PageFixture<FactionPropsPage> {
     Q_OBJECT
 
 private:
-    std::unique_ptr<TempFolder> folder;
-    std::unique_ptr<Session> session;
-    std::unique_ptr<ScriptedDialogs> dialogs;
-    std::unique_ptr<FactionPropsPage> page;
-
-    template <class T> T* Get(const char* name) {
-        T* widget = page->findChild<T*>(QString::fromLatin1(name));
-        if (!widget)
-            qFatal("no control %s", name);
-        return widget;
-    }
     // Host path of a piece of the project.
     std::string File(std::string_view piece) const {
         return platform::ResolvePath(modFunctions::ProjectPath(folder->path(), "p", piece));
@@ -69,23 +55,10 @@ private:
 
 private slots:
     void init() {
-        folder = std::make_unique<TempFolder>();
-        modFunctions::EnsureProjectsFolder(folder->path());
-        modFunctions::CreateProjectFolders(folder->path(), "p");
-        session = std::make_unique<Session>();
-        session->appDir = folder->path();
-        session->ActiveProject = "p";
-        session->SetActiveProjectCaption("p");
-        dialogs = std::make_unique<ScriptedDialogs>();
-        page = std::make_unique<FactionPropsPage>(*session, *dialogs);
+        OpenPage("p");
         page->AddFactions({{"li_p_grp", "Liberty", "0.0"}, {"x", "x", "0.0"}});
     }
-    void cleanup() {
-        page.reset();
-        dialogs.reset();
-        session.reset();
-        folder.reset();
-    }
+    void cleanup() { ClosePage(); }
 
     void LoadingStoresShownValuesAndReplacesNonOptionValues() {
         TempFolder::Write(Sheet(), "[li_p_grp]\r\nLegality=Lawful\r\njump=sideways\r\n"
