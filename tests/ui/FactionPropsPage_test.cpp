@@ -7,6 +7,7 @@
 #include "ui/frmFPBodyparts.h"
 #include "ui/support/PageFixture.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
@@ -208,6 +209,13 @@ private slots:
                 dialog = qobject_cast<frmFPBodyparts*>(widget);
         QVERIFY(dialog);
         QVERIFY(!dialog->isModal());
+        // The combos are named by their labels for screen readers.
+        const char* const parts[][2] = {
+            {"Combo1", "Head"}, {"Combo2", "Body"}, {"Combo3", "Accessory"}};
+        for (const auto& [combo, label] : parts)
+            QCOMPARE(QAccessible::queryAccessibleInterface(dialog->findChild<QComboBox*>(combo))
+                         ->text(QAccessible::Name),
+                     QString(label));
         auto* ok = dialog->findChild<VantelButton*>(QStringLiteral("VantelButton1"));
         auto* combo1 = dialog->findChild<QComboBox*>(QStringLiteral("Combo1"));
         QCOMPARE(combo1->itemText(0), QStringLiteral("benchmark_male_head"));

@@ -3,7 +3,6 @@
 #include "core/modFunctions.h"
 #include "core/txtReadWrite.h"
 #include "ui/VantelButton.h"
-#include "ui/frmFPBodyparts.h"
 #include "ui/support/MainWindowFixture.h"
 
 #include <QAccessible>
@@ -127,13 +126,6 @@ private slots:
             if (!english)
                 Get<VantelButton>("VantelButton2")->click();
         }
-    }
-
-    void BodyPartCombosAreNamedByTheirLabels() {
-        frmFPBodyparts dialog;
-        QCOMPARE(AccessibleName(dialog.findChild<QComboBox*>("Combo1")), QString("Head"));
-        QCOMPARE(AccessibleName(dialog.findChild<QComboBox*>("Combo2")), QString("Body"));
-        QCOMPARE(AccessibleName(dialog.findChild<QComboBox*>("Combo3")), QString("Accessory"));
     }
 
     void AfterAReloadAnEditWithoutAChosenFactionIsRefusedNotDropped() {
