@@ -85,20 +85,6 @@ TEST_F(CliTest, IniCommandsPrintExactlyWhatAReadReturns) {
     EXPECT_EQ(out.str(), "--help");
 }
 
-TEST_F(CliTest, FoldersWhoseNamesAreNoWindows1252TextAreLeftOutWithAMessage) {
-    std::filesystem::create_directories(app / "projects/Gr\xC3\xB6\xC3\x9F"
-                                              "e"); // made by hand
-    std::filesystem::create_directories(app / "projects/Gr\xF6\xDF"
-                                              "e 1252");
-    EXPECT_EQ(Run({"projects"}), 0);
-    EXPECT_EQ(out.str(), "Gr\xC3\xB6\xC3\x9F"
-                         "e\n");
-    EXPECT_NE(err.str().find("Gr??e 1252\" in " + app.path() +
-                             "/projects is left out: the name "
-                             "is not UTF-8"),
-              std::string::npos);
-}
-
 // The application folder, the project and the faction names hold \u00e4, \u00f6, \u00fc,
 // \u00df, \u20ac and \u0152: the folder's path is used as given, every name is UTF-8 on disk
 // and Windows-1252 in the files.
@@ -158,10 +144,6 @@ TEST(CliNames, ANonAsciiApplicationFolderAndProjectWorkFromCreateToDelete) {
     EXPECT_FALSE(std::filesystem::exists(root));
     EXPECT_TRUE(std::filesystem::is_directory(app + "/data"));
 }
-
-} // namespace
-
-namespace {
 
 TEST_F(CliTest, CompileRefusesARegistryNameThatCouldLeaveTheProject) {
     ASSERT_EQ(Run({"create", "Alpha"}), 0);

@@ -36,15 +36,10 @@ TEST_F(CheckCommandTest, ExitStatusTellsWhetherAnErrorWasFound) {
               std::string::npos)
         << out.str();
 
+    // The report's exact JSON form is the core's; here only that the option picks it.
     EXPECT_EQ(Run({"check", "Alpha", "--format", "json"}), 3);
-    const std::string json = out.str();
-    EXPECT_EQ(json.rfind("[\n  {\"severity\": \"", 0), 0u) << json;
-    EXPECT_NE(json.find("{\"severity\": \"error\", \"faction\": \"a_grp\", \"file\": "
-                        "\"emphaty\\\\new\\\\grp.ini\", \"where\": \"[a_grp] o_d\", \"stored\": "
-                        "\"0,5\", \"message\": \""),
-              std::string::npos)
-        << json;
-    EXPECT_EQ(json.substr(json.size() - 4), "}\n]\n");
+    EXPECT_NE(out.str().find("\"where\": \"[a_grp] o_d\", \"stored\": \"0,5\""), std::string::npos)
+        << out.str();
 }
 
 TEST_F(CheckCommandTest, UsageAndFailures) {

@@ -47,31 +47,19 @@ TEST(WriteIni, SeesChangesMadeBehindTheCacheAndKeepsDiskSpelling) {
     EXPECT_FALSE(std::filesystem::exists(dir / "GRP.ini"));
 }
 
-TEST(WriteIni, FailureRaisesErrorFiveAndLeavesTheFileIntact) {
-    if (::geteuid() == 0)
-        GTEST_SKIP() << "permissions do not bind the superuser";
+TEST(WriteIni, ReadOnlyFileIsRefusedEvenForTheSuperuser) {
     TempFolder dir;
     const std::string file = dir / "ro.ini";
     TempFolder::Write(file, "[a]\r\nk=1\r\n");
     ::chmod(file.c_str(), 0444);
     try {
         WriteIni("a", "k", "2", file);
-        FAIL() << "a read-only file was replaced";
+        ADD_FAILURE() << "a read-only file was replaced";
     } catch (const IniWriteError& error) {
-        EXPECT_EQ(IniWriteError::Number, 5);
-        EXPECT_NE(std::string(error.what()).find("ro.ini"), std::string::npos);
+        EXPECT_NE(std::string(error.what()).find("ro.ini"), std::string::npos) << error.what();
     }
     EXPECT_EQ(TempFolder::Read(file), "[a]\r\nk=1\r\n");
     EXPECT_EQ(ReadIni("a", "k", "", file), "1");
-}
-
-TEST(WriteIni, ReadOnlyFileIsRefusedEvenForTheSuperuser) {
-    TempFolder dir;
-    const std::string file = dir / "ro.ini";
-    TempFolder::Write(file, "[a]\r\nk=1\r\n");
-    ::chmod(file.c_str(), 0444);
-    EXPECT_THROW(WriteIni("a", "k", "2", file), IniWriteError);
-    EXPECT_EQ(TempFolder::Read(file), "[a]\r\nk=1\r\n");
     EXPECT_THROW(WriteIni("a", "k", "2", dir / "missing/x.ini"), IniWriteError);
 }
 

@@ -2,13 +2,12 @@
 #include "core/modFunctions.h"
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
-#include "support/TempFolder.h"
 #include "ui/FactionPropsPage.h"
-#include "ui/Session.h"
 #include "ui/VantelButton.h"
 #include "ui/frmFPBodyparts.h"
-#include "ui/support/ScriptedDialogs.h"
+#include "ui/support/PageFixture.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
@@ -17,23 +16,11 @@
 #include <QRadioButton>
 #include <QTabWidget>
 #include <QTest>
-#include <memory>
 
-class FactionPropsPageTest : public QObject {
+class FactionPropsPageTest : public QObject, protected PageFixture<FactionPropsPage> {
     Q_OBJECT
 
 private:
-    std::unique_ptr<TempFolder> folder;
-    std::unique_ptr<Session> session;
-    std::unique_ptr<ScriptedDialogs> dialogs;
-    std::unique_ptr<FactionPropsPage> page;
-
-    template <class T> T* Get(const char* name) {
-        T* widget = page->findChild<T*>(QString::fromLatin1(name));
-        if (!widget)
-            qFatal("no control %s", name);
-        return widget;
-    }
     // Host path of a piece of the project.
     std::string File(std::string_view piece) const {
         return platform::ResolvePath(modFunctions::ProjectPath(folder->path(), "p", piece));
@@ -69,23 +56,10 @@ private:
 
 private slots:
     void init() {
-        folder = std::make_unique<TempFolder>();
-        modFunctions::EnsureProjectsFolder(folder->path());
-        modFunctions::CreateProjectFolders(folder->path(), "p");
-        session = std::make_unique<Session>();
-        session->appDir = folder->path();
-        session->ActiveProject = "p";
-        session->SetActiveProjectCaption("p");
-        dialogs = std::make_unique<ScriptedDialogs>();
-        page = std::make_unique<FactionPropsPage>(*session, *dialogs);
+        OpenPage("p");
         page->AddFactions({{"li_p_grp", "Liberty", "0.0"}, {"x", "x", "0.0"}});
     }
-    void cleanup() {
-        page.reset();
-        dialogs.reset();
-        session.reset();
-        folder.reset();
-    }
+    void cleanup() { ClosePage(); }
 
     void LoadingStoresShownValuesAndReplacesNonOptionValues() {
         TempFolder::Write(Sheet(), "[li_p_grp]\r\nLegality=Lawful\r\njump=sideways\r\n"
@@ -123,6 +97,29 @@ private slots:
         QCOMPARE(Value("x", "plurality"), "<absent>");
         QCOMPARE(prefix->count(), 1);
         QCOMPARE(prefix->itemText(0), QStringLiteral("ignore"));
+
+        // Back on the faction with a section: the voice and scan "Add" buttons; an empty
+        // catalogue choice adds nothing.
+        Pick(0);
+        PickItem("cboFPVoice", "pilot_f_leg_f01");
+        Get<VantelButton>("VantelButton10")->click();
+        Get<QComboBox>("cboFPScan")->setEditText(QStringLiteral("commodity_gold"));
+        Get<VantelButton>("VantelButton11")->click();
+        Get<VantelButton>("VantelButton11")->click();
+        Get<QComboBox>("cboFPScan")->setEditText(QString());
+        Get<VantelButton>("VantelButton11")->click();
+        QCOMPARE(TempFolder::Read(File("\\faction_prop\\Voicelist_li_p_grp.lst")),
+                 "pilot_f_leg_f01\r\n\r\n");
+        QCOMPARE(TempFolder::Read(File("\\faction_prop\\Scanlist_li_p_grp.lst")),
+                 "commodity_gold\r\ncommodity_gold\r\n\r\n");
+        QCOMPARE(Items(Get<QListWidget>("lstFPscan")),
+                 (QStringList{"commodity_gold", "commodity_gold"}));
+        // "False" resets the stored chance in the faction's own section; the rest stays.
+        QCOMPARE(Get<QLineEdit>("txtFPScan")->text(), QStringLiteral("0.5"));
+        PickItem("cboFPScanFracht", "False");
+        QCOMPARE(Value("li_p_grp", "scan_announce"), "False");
+        QCOMPARE(Value("li_p_grp", "scan_chance"), "0.0");
+        QCOMPARE(Value("li_p_grp", "lastname"), "226908");
         QVERIFY(dialogs->shown.empty());
     }
 
@@ -203,35 +200,6 @@ private slots:
         QCOMPARE(Get<QTabWidget>("SSTab2")->count(), 5);
     }
 
-    void VoiceAndScanAddAndTheScanRuleOnAFactionWithASection() {
-        TempFolder::Write(Sheet(), "[li_p_grp]\r\nscan_announce=True\r\nscan_chance=0.5\r\n"
-                                   "lastname=226908\r\n");
-        Pick(0);
-        PickItem("cboFPVoice", "pilot_f_leg_f01");
-        Get<VantelButton>("VantelButton10")->click();
-        Get<QComboBox>("cboFPScan")->setEditText(QStringLiteral("commodity_gold"));
-        Get<VantelButton>("VantelButton11")->click();
-        Get<VantelButton>("VantelButton11")->click();
-        QCOMPARE(TempFolder::Read(File("\\faction_prop\\Voicelist_li_p_grp.lst")),
-                 "pilot_f_leg_f01\r\n\r\n");
-        QCOMPARE(TempFolder::Read(File("\\faction_prop\\Scanlist_li_p_grp.lst")),
-                 "commodity_gold\r\ncommodity_gold\r\n\r\n");
-        QCOMPARE(Items(Get<QListWidget>("lstFPscan")),
-                 (QStringList{"commodity_gold", "commodity_gold"}));
-        // An empty catalogue choice adds nothing.
-        Get<QComboBox>("cboFPScan")->setEditText(QString());
-        Get<VantelButton>("VantelButton11")->click();
-        QCOMPARE(Get<QListWidget>("lstFPscan")->count(), 2);
-
-        // "False" resets the stored chance in the faction's own section; the rest stays.
-        QCOMPARE(Get<QLineEdit>("txtFPScan")->text(), QStringLiteral("0.5"));
-        PickItem("cboFPScanFracht", "False");
-        QCOMPARE(Value("li_p_grp", "scan_announce"), "False");
-        QCOMPARE(Value("li_p_grp", "scan_chance"), "0.0");
-        QCOMPARE(Value("li_p_grp", "lastname"), "226908");
-        QVERIFY(dialogs->shown.empty());
-    }
-
     void BodypartDialogEnablesOkAndUsesTheFactionShownWhenPressed() {
         Pick(0);
         Get<VantelButton>("VantelButton8")->click();
@@ -241,6 +209,13 @@ private slots:
                 dialog = qobject_cast<frmFPBodyparts*>(widget);
         QVERIFY(dialog);
         QVERIFY(!dialog->isModal());
+        // The combos are named by their labels for screen readers.
+        const char* const parts[][2] = {
+            {"Combo1", "Head"}, {"Combo2", "Body"}, {"Combo3", "Accessory"}};
+        for (const auto& [combo, label] : parts)
+            QCOMPARE(QAccessible::queryAccessibleInterface(dialog->findChild<QComboBox*>(combo))
+                         ->text(QAccessible::Name),
+                     QString(label));
         auto* ok = dialog->findChild<VantelButton*>(QStringLiteral("VantelButton1"));
         auto* combo1 = dialog->findChild<QComboBox*>(QStringLiteral("Combo1"));
         QCOMPARE(combo1->itemText(0), QStringLiteral("benchmark_male_head"));

@@ -1,10 +1,8 @@
 #include "core/modFunctions.h"
 #include "core/txtReadWrite.h"
-#include "support/ScriptedDialogs.h"
-#include "support/TempFolder.h"
 #include "ui/InitialWorldPage.h"
-#include "ui/Session.h"
 #include "ui/VantelButton.h"
+#include "ui/support/PageFixture.h"
 
 #include <QAccessible>
 #include <QCheckBox>
@@ -14,13 +12,13 @@
 #include <QTreeWidget>
 #include <QtTest>
 #include <filesystem>
-#include <memory>
 
-class InitialWorldPageTest : public QObject {
+class InitialWorldPageTest : public QObject, protected PageFixture<InitialWorldPage> {
     Q_OBJECT
 
 private slots:
     void init();
+    void cleanup();
     void choosingFactionWritesBackErrorAndShowsStoredReputations();
     void reputationEditStoresEntryAndMirrorWhenForced();
     void declinedOrUnaddressedEditChangesNothing();
@@ -29,42 +27,32 @@ private slots:
     void fieldsAreNamedByTheirLabelsForScreenReaders();
 
 private:
-    std::string DataPath() const { return *app / "projects/Mod/initialworld/grp.ini"; }
+    std::string DataPath() const { return *folder / "projects/Mod/initialworld/grp.ini"; }
     std::string Data() const { return TempFolder::Read(DataPath()); }
     std::string Protocol() const {
         return txtReadWrite::ReadFileText(
-            modFunctions::ProjectPath(app->path(), "Mod", "\\protocol\\protocol.txt"));
+            modFunctions::ProjectPath(folder->path(), "Mod", "\\protocol\\protocol.txt"));
     }
-    template <typename T> T* Find(const char* name) const { return page->findChild<T*>(name); }
     void Choose(int index) {
-        Find<QComboBox>("cboInit_group")->setCurrentIndex(index);
-        emit Find<QComboBox>("cboInit_group")->activated(index);
+        Get<QComboBox>("cboInit_group")->setCurrentIndex(index);
+        emit Get<QComboBox>("cboInit_group")->activated(index);
     }
     void DoubleClick(int row) {
         QTreeWidgetItem* item = lv()->topLevelItem(row);
         lv()->setCurrentItem(item);
         emit lv()->itemDoubleClicked(item, 0);
     }
-    QTreeWidget* lv() const { return Find<QTreeWidget>("lv_Init"); }
-    QString Rep(int row) const { return lv()->topLevelItem(row)->text(2); }
-
-    std::unique_ptr<TempFolder> app;
-    Session session;
-    std::unique_ptr<ScriptedDialogs> dialogs;
-    std::unique_ptr<InitialWorldPage> page;
+    QTreeWidget* lv() { return Get<QTreeWidget>("lv_Init"); }
+    QString Rep(int row) { return lv()->topLevelItem(row)->text(2); }
 };
 
 void InitialWorldPageTest::init() {
-    page.reset();
-    app = std::make_unique<TempFolder>();
-    modFunctions::EnsureProjectsFolder(app->path());
-    modFunctions::CreateProjectFolders(app->path(), "Mod");
-    session.appDir = app->path();
-    session.ActiveProject = "Mod";
-    session.SetActiveProjectCaption("Mod");
-    dialogs = std::make_unique<ScriptedDialogs>();
-    page = std::make_unique<InitialWorldPage>(session, *dialogs);
+    OpenPage("Mod");
     page->AddFactions({{"li_police", "Liberty", "0.7"}, {"rh_grp", "Rheinland", "0.0"}});
+}
+
+void InitialWorldPageTest::cleanup() {
+    ClosePage();
 }
 
 void InitialWorldPageTest::choosingFactionWritesBackErrorAndShowsStoredReputations() {
@@ -72,12 +60,12 @@ void InitialWorldPageTest::choosingFactionWritesBackErrorAndShowsStoredReputatio
     QCOMPARE(Rep(0), QString("0.0")); // not the registry's "Rep"
     TempFolder::Write(DataPath(), "[rh_grp]\r\nids_name=1\r\nli_police=-0.65\r\n");
     // Before a choice the boxes are empty and take no typing: nothing is stored or lost.
-    QVERIFY(!Find<QLineEdit>("txtInitShortName")->isEnabled());
-    QTest::keyClicks(Find<QLineEdit>("txtInitShortName"), "7");
-    QCOMPARE(Find<QLineEdit>("txtInitShortName")->text(), QString());
+    QVERIFY(!Get<QLineEdit>("txtInitShortName")->isEnabled());
+    QTest::keyClicks(Get<QLineEdit>("txtInitShortName"), "7");
+    QCOMPARE(Get<QLineEdit>("txtInitShortName")->text(), QString());
     Choose(0);
-    QVERIFY(Find<QLineEdit>("txtInitShortName")->isEnabled());
-    QCOMPARE(Find<QLineEdit>("txtInitInfo")->text(), QString("error"));
+    QVERIFY(Get<QLineEdit>("txtInitShortName")->isEnabled());
+    QCOMPARE(Get<QLineEdit>("txtInitInfo")->text(), QString("error"));
     QCOMPARE(Data(), std::string("[rh_grp]\r\nids_name=1\r\nli_police=-0.65\r\n"
                                  "[li_police]\r\nids_name=error\r\nids_short_name=error\r\n"
                                  "ids_info=error\r\n"));
@@ -87,7 +75,7 @@ void InitialWorldPageTest::choosingFactionWritesBackErrorAndShowsStoredReputatio
     Choose(1);
     QCOMPARE(Rep(0), QString("-0.65"));
     QCOMPARE(Rep(1), QString());
-    QTest::keyClicks(Find<QLineEdit>("txtInitName"), "7");
+    QTest::keyClicks(Get<QLineEdit>("txtInitName"), "7");
     QVERIFY(Data().find("[rh_grp]\r\nids_name=17\r\n") == 0);
 }
 
@@ -99,7 +87,7 @@ void InitialWorldPageTest::reputationEditStoresEntryAndMirrorWhenForced() {
     DoubleClick(1);
     dialogs->Answer("1");
     DoubleClick(0); // own row: the mirror hits the same entry
-    Find<QCheckBox>("chkForceRep2")->setChecked(false);
+    Get<QCheckBox>("chkForceRep2")->setChecked(false);
     Choose(1);
     dialogs->Answer("-0.3");
     DoubleClick(1);
@@ -140,7 +128,7 @@ void InitialWorldPageTest::failedWriteIsShownNamingTheFile() {
     std::filesystem::permissions(DataPath(), std::filesystem::perms::owner_read);
     dialogs->Answer("0.9");
     DoubleClick(1);
-    QTest::keyClicks(Find<QLineEdit>("txtInitInfo"), "4");
+    QTest::keyClicks(Get<QLineEdit>("txtInitInfo"), "4");
     QCOMPARE(dialogs->shown.size(), std::size_t(2));
     for (const auto& shown : dialogs->shown)
         QVERIFY(shown.icon == QMessageBox::Critical && shown.text.contains("grp.ini"));
@@ -149,23 +137,23 @@ void InitialWorldPageTest::failedWriteIsShownNamingTheFile() {
 
 void InitialWorldPageTest::compileWritesFileAndProtocolOrShowsFailure() {
     TempFolder::Write(DataPath(), "[rh_grp]\r\nli_police=-0.65\r\n");
-    emit Find<VantelButton>("VantelButton13")->Click();
-    const std::string output = TempFolder::Read(*app / "projects/Mod/compiled/initialworld.ini");
+    emit Get<VantelButton>("VantelButton13")->Click();
+    const std::string output = TempFolder::Read(*folder / "projects/Mod/compiled/initialworld.ini");
     QVERIFY(
         output.ends_with("\r\n\r\n[Group]\r\nnickname = rh_grp\r\nids_name = \r\nids_info = \r\n"
                          "ids_short_name = \r\nrep = -0.65, li_police\r\nrep = 0.0, rh_grp\r\n"
                          "\r\n\r\n"));
     QVERIFY(Protocol().find(": Initialworld.ini created...\r\n\r\n") != std::string::npos);
     for (const char* bar : {"pgInit1", "pgInit2"})
-        QVERIFY(Find<QProgressBar>(bar)->maximum() == 2 && Find<QProgressBar>(bar)->value() == 2);
+        QVERIFY(Get<QProgressBar>(bar)->maximum() == 2 && Get<QProgressBar>(bar)->value() == 2);
 
-    std::filesystem::remove(*app / "projects/Mod/compiled/initialworld.ini");
-    std::filesystem::remove(*app / "projects/Mod/compiled");
-    emit Find<VantelButton>("VantelButton13")->Click();
+    std::filesystem::remove(*folder / "projects/Mod/compiled/initialworld.ini");
+    std::filesystem::remove(*folder / "projects/Mod/compiled");
+    emit Get<VantelButton>("VantelButton13")->Click();
     QCOMPARE(dialogs->shown.size(), std::size_t(1));
     QVERIFY(dialogs->shown[0].text.contains("initialworld.ini"));
-    session.ActiveProject.clear(); // no project: nothing at all
-    emit Find<VantelButton>("VantelButton13")->Click();
+    session->ActiveProject.clear(); // no project: nothing at all
+    emit Get<VantelButton>("VantelButton13")->Click();
     QCOMPARE(dialogs->shown.size(), std::size_t(1));
     QCOMPARE(Protocol().find("Initialworld"), Protocol().rfind("Initialworld"));
 }

@@ -1,11 +1,9 @@
 // The reputation page against a real project folder: what each handler leaves on disk.
 #include "core/modFunctions.h"
 #include "core/txtReadWrite.h"
-#include "support/ScriptedDialogs.h"
-#include "support/TempFolder.h"
 #include "ui/ReputationPage.h"
-#include "ui/Session.h"
 #include "ui/VantelButton.h"
+#include "ui/support/PageFixture.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -15,7 +13,7 @@
 #include <QTreeWidget>
 #include <filesystem>
 
-class ReputationPageTest : public QObject {
+class ReputationPageTest : public QObject, protected PageFixture<ReputationPage> {
     Q_OBJECT
 
 private slots:
@@ -29,7 +27,7 @@ private slots:
     void compileWritesTheFileAndTheProtocolLine();
 
 private:
-    QComboBox* Combo(const char* name) { return page->findChild<QComboBox*>(name); }
+    QComboBox* Combo(const char* name) { return Get<QComboBox>(name); }
     QTreeWidget* List() { return page->findChild<QTreeWidget*>("lv_emphaty"); }
     void Choose(int index) {
         QComboBox* picker = Combo("cboemphaty_group");
@@ -37,38 +35,25 @@ private:
         emit picker->activated(index);
     }
     void Select(int row) { List()->setCurrentItem(List()->topLevelItem(row)); }
-    void DoubleClick() { QVERIFY(QMetaObject::invokeMethod(page, "lv_emphaty_DblClick")); }
+    void DoubleClick() { QVERIFY(QMetaObject::invokeMethod(page.get(), "lv_emphaty_DblClick")); }
     std::string File(const std::string& piece) {
-        return TempFolder::Read(*app / ("projects/Mod/" + piece));
+        return TempFolder::Read(*folder / ("projects/Mod/" + piece));
     }
     bool Exists(const std::string& piece) {
-        return std::filesystem::exists(*app / ("projects/Mod/" + piece));
+        return std::filesystem::exists(*folder / ("projects/Mod/" + piece));
     }
-
-    TempFolder* app = nullptr;
-    Session session;
-    ScriptedDialogs* dialogs = nullptr;
-    ReputationPage* page = nullptr;
 };
 
 void ReputationPageTest::init() {
-    app = new TempFolder;
-    modFunctions::EnsureProjectsFolder(app->path());
-    modFunctions::CreateProjectFolders(app->path(), "Mod");
-    modFunctions::SaveFaction(app->path(), "Mod", "A", "Alpha");
-    modFunctions::SaveFaction(app->path(), "Mod", "B", "Beta");
-    session.appDir = app->path();
-    session.ActiveProject = "Mod";
-    session.SetActiveProjectCaption("Mod");
-    dialogs = new ScriptedDialogs;
-    page = new ReputationPage(session, *dialogs);
-    page->AddFactions(modFunctions::LoadRegistry(modFunctions::RegistryPath(app->path(), "Mod")));
+    OpenPage("Mod");
+    modFunctions::SaveFaction(folder->path(), "Mod", "A", "Alpha");
+    modFunctions::SaveFaction(folder->path(), "Mod", "B", "Beta");
+    page->AddFactions(
+        modFunctions::LoadRegistry(modFunctions::RegistryPath(folder->path(), "Mod")));
 }
 
 void ReputationPageTest::cleanup() {
-    delete page;
-    delete dialogs;
-    delete app;
+    ClosePage();
 }
 
 void ReputationPageTest::loadStoresBackOnlyCombosWhoseTextChanged() {
@@ -78,7 +63,7 @@ void ReputationPageTest::loadStoresBackOnlyCombosWhoseTextChanged() {
     QCOMPARE(List()->topLevelItem(1)->text(1), QStringLiteral("Beta"));
     txtReadWrite::WriteIni(
         "A", "o_d", "-0.3",
-        modFunctions::ProjectPath(app->path(), "Mod", "\\emphaty\\new\\grp.ini"));
+        modFunctions::ProjectPath(folder->path(), "Mod", "\\emphaty\\new\\grp.ini"));
     // With no faction chosen a change stores nothing.
     Combo("Combo4")->setEditText("0.5");
     QCOMPARE(File("emphaty/new/grp.ini"), std::string("[A]\r\no_d=-0.3\r\n"));
@@ -99,7 +84,7 @@ void ReputationPageTest::typingStoresEveryKeystrokeAndChoosingStoresTheEntry() {
     connect(combo, &QComboBox::editTextChanged, this, [&] {
         stored << QString::fromStdString(txtReadWrite::ReadIni(
             "B", "o_d", "<none>",
-            modFunctions::ProjectPath(app->path(), "Mod", "\\emphaty\\new\\grp.ini")));
+            modFunctions::ProjectPath(folder->path(), "Mod", "\\emphaty\\new\\grp.ini")));
     });
     combo->lineEdit()->clear();
     QTest::keyClicks(combo->lineEdit(), "-0.25");
@@ -138,7 +123,7 @@ void ReputationPageTest::inputBoxCancelEmptyAndNoSelectionChangeNothing() {
 }
 
 void ReputationPageTest::editStoresTheColumnAndTheMirrorAndRechoosingShowsIt() {
-    TempFolder::Write(*app / "projects/Mod/emphaty/new/reps_B.facts", "[A]\r\nrep=0.7\r\n");
+    TempFolder::Write(*folder / "projects/Mod/emphaty/new/reps_B.facts", "[A]\r\nrep=0.7\r\n");
     auto* force = page->findChild<QCheckBox*>("chkForceREP");
     QVERIFY(force->isChecked());
     force->setChecked(false);
@@ -174,8 +159,8 @@ void ReputationPageTest::editStoresTheColumnAndTheMirrorAndRechoosingShowsIt() {
 void ReputationPageTest::failedWritesAreShownNamingTheFile() {
     namespace fs = std::filesystem;
     Choose(0);
-    TempFolder::Write(*app / "projects/Mod/emphaty/new/reps_A.facts", "[B]\r\nrep=0.5\r\n");
-    fs::permissions(*app / "projects/Mod/emphaty/new/reps_A.facts", fs::perms::owner_read);
+    TempFolder::Write(*folder / "projects/Mod/emphaty/new/reps_A.facts", "[B]\r\nrep=0.5\r\n");
+    fs::permissions(*folder / "projects/Mod/emphaty/new/reps_A.facts", fs::perms::owner_read);
     Select(1);
     dialogs->Answer("0.4");
     DoubleClick();
@@ -183,14 +168,14 @@ void ReputationPageTest::failedWritesAreShownNamingTheFile() {
     QVERIFY(dialogs->shown[0].text.contains("reps_A.facts"));
     QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("0.0")); // shows what is on disk
 
-    TempFolder::Write(*app / "projects/Mod/emphaty/new/grp.ini", "");
-    fs::permissions(*app / "projects/Mod/emphaty/new/grp.ini", fs::perms::owner_read);
+    TempFolder::Write(*folder / "projects/Mod/emphaty/new/grp.ini", "");
+    fs::permissions(*folder / "projects/Mod/emphaty/new/grp.ini", fs::perms::owner_read);
     Combo("Combo3")->setEditText("0.8");
     QCOMPARE(dialogs->shown.size(), std::size_t(2));
     QVERIFY(dialogs->shown[1].text.contains("grp.ini"));
 
     // The page keeps working.
-    fs::permissions(*app / "projects/Mod/emphaty/new/grp.ini", fs::perms::owner_all);
+    fs::permissions(*folder / "projects/Mod/emphaty/new/grp.ini", fs::perms::owner_all);
     Combo("Combo3")->setEditText("0.7");
     QCOMPARE(File("emphaty/new/grp.ini"), std::string("[A]\r\nr_m_f=0.7\r\n"));
 }
@@ -199,7 +184,7 @@ void ReputationPageTest::compileWritesTheFileAndTheProtocolLine() {
     page->findChild<VantelButton*>("btnEmphatySave")->click();
     QVERIFY(File("compiled/emphaty.ini").find("group = B\r\n") != std::string::npos);
     const std::string protocol = txtReadWrite::ReadFileText(
-        modFunctions::ProjectPath(app->path(), "Mod", "\\protocol\\protocol.txt"));
+        modFunctions::ProjectPath(folder->path(), "Mod", "\\protocol\\protocol.txt"));
     QVERIFY(protocol.find(": Emphaty.ini compiled...\r\n") != std::string::npos);
     QCOMPARE(page->findChild<QProgressBar*>("pgEmphaty2")->value(), 1);
     QCOMPARE(page->findChild<QProgressBar*>("pgEmphaty1")->value(), 2);
@@ -211,8 +196,8 @@ void ReputationPageTest::compileWritesTheFileAndTheProtocolLine() {
     const auto* total = page->findChild<QProgressBar*>("pgEmphaty2");
     QVERIFY(total->maximum() > 0 && total->value() == total->maximum());
     // Only the protocol fails: the message says so, not that the compile failed.
-    std::filesystem::remove_all(*app / "projects/Mod/Protocol");
-    std::filesystem::remove_all(*app / "projects/Mod/protocol");
+    std::filesystem::remove_all(*folder / "projects/Mod/Protocol");
+    std::filesystem::remove_all(*folder / "projects/Mod/protocol");
     page->findChild<VantelButton*>("btnEmphatySave")->click();
     QCOMPARE(dialogs->shown.size(), std::size_t(1));
     QVERIFY(dialogs->shown[0].text.startsWith("The protocol could not be written"));

@@ -1,14 +1,10 @@
 // The check button of the registry panel, the findings window and the way back from a
 // finding to the page and faction it is about, driven through the main window.
 #include "core/modFunctions.h"
-#include "support/TempFolder.h"
 #include "ui/CheckAction.h"
-#include "ui/Session.h"
 #include "ui/VantelButton.h"
 #include "ui/frmCheck.h"
-#include "ui/frmMain.h"
 #include "ui/support/MainWindowFixture.h"
-#include "ui/support/ScriptedDialogs.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -18,25 +14,23 @@
 #include <QTabWidget>
 #include <QTest>
 #include <QTreeWidget>
-#include <memory>
 
 class frmCheckTest : public QObject, protected MainWindowFixture {
     Q_OBJECT
 
 private:
-    template <class T> T* Get(QWidget* in, const char* name) {
+    template <class T> T* In(QWidget* in, const char* name) {
         T* widget = in->findChild<T*>(QString::fromLatin1(name));
         if (!widget)
             qFatal("no control %s", name);
         return widget;
     }
-    template <class T> T* Main(const char* name) { return Get<T>(window.get(), name); }
     void Write(const std::string& piece, std::string_view bytes) {
         TempFolder::Write((*folder) / ("projects/P/" + piece), bytes);
     }
     frmCheck* RunCheck() {
-        emit Main<VantelButton>("btnCheck")->Click();
-        return Main<CheckAction>("checkAction")->FindingsWindow();
+        emit Get<VantelButton>("btnCheck")->Click();
+        return Get<CheckAction>("checkAction")->FindingsWindow();
     }
     // The table's rows as "severity|faction|where", top to bottom, hidden rows left out.
     static QStringList Rows(frmCheck* findings) {
@@ -73,9 +67,9 @@ private slots:
         Write("emphaty/new/grp.ini", "[a_grp]\r\no_d=0.1\r\n[b_grp]\r\no_d=0,5\r\n");
         Write("faction_prop/Shiplist_a_grp.lst", "my_own_ship\r\n\r\n");
         OpenWindow();
-        emit Main<VantelButton>("VantelButton4")->Click();
-        Main<QListWidget>("lstProjects")->setCurrentRow(0);
-        emit Main<VantelButton>("VantelButton6")->Click();
+        emit Get<VantelButton>("VantelButton4")->Click();
+        Get<QListWidget>("lstProjects")->setCurrentRow(0);
+        emit Get<VantelButton>("VantelButton6")->Click();
     }
     void cleanup() { CloseWindow(); }
 
@@ -88,11 +82,10 @@ private slots:
     }
 
     void FindingsAreSortedAndFilteredBySeverity() {
-        QCOMPARE(Main<VantelButton>("btnCheck")->Caption(), QString("Prüfen"));
         frmCheck* findings = RunCheck();
         QVERIFY(findings && findings->isVisible());
         QCOMPARE(findings->windowTitle(), QString("P"));
-        QCOMPARE(Get<QCheckBox>(findings, "chkCheckNotes")->text(), QString("Hinweise"));
+        QCOMPARE(In<QCheckBox>(findings, "chkCheckNotes")->text(), QString("Hinweise"));
         QCOMPARE(Headings(findings),
                  QStringList({"Schwere", "Fraktion", "Datei", "Stelle", "Gespeichert", "Befund"}));
         const QStringList rows = Rows(findings);
@@ -101,10 +94,10 @@ private slots:
         QVERIFY(rows.contains("warning|a_grp|line 1"));
         QVERIFY(rows.back().startsWith("warning|"));
 
-        Get<QCheckBox>(findings, "chkCheckWarnings")->setChecked(false);
+        In<QCheckBox>(findings, "chkCheckWarnings")->setChecked(false);
         QCOMPARE(Rows(findings), QStringList{"error|b_grp|[b_grp] o_d"});
-        Get<QCheckBox>(findings, "chkCheckWarnings")->setChecked(true);
-        Get<QCheckBox>(findings, "chkCheckErrors")->setChecked(false);
+        In<QCheckBox>(findings, "chkCheckWarnings")->setChecked(true);
+        In<QCheckBox>(findings, "chkCheckErrors")->setChecked(false);
         QCOMPARE(Rows(findings).size(), rows.size() - 1);
 
         auto* table = findings->findChild<QTreeWidget*>(QStringLiteral("lvFindings"));
@@ -114,12 +107,11 @@ private slots:
         QVERIFY(Rows(findings).front().contains("|a_grp|"));
 
         // Checking again replaces the window; in English its captions are English.
-        emit Main<VantelButton>("VantelButton2")->Click();
-        QCOMPARE(Main<VantelButton>("btnCheck")->Caption(), QString("Check"));
+        emit Get<VantelButton>("VantelButton2")->Click();
         frmCheck* again = RunCheck();
         QVERIFY(again != nullptr);
-        QCOMPARE(Get<QCheckBox>(again, "chkCheckNotes")->text(), QString("Notes"));
-        QCOMPARE(Get<QLabel>(again, "lblCheckHint")->text(),
+        QCOMPARE(In<QCheckBox>(again, "chkCheckNotes")->text(), QString("Notes"));
+        QCOMPARE(In<QLabel>(again, "lblCheckHint")->text(),
                  QString("Double-click opens the page of the faction."));
         QCOMPARE(Headings(again),
                  QStringList({"Severity", "Faction", "File", "Where", "Stored", "Message"}));
@@ -128,33 +120,33 @@ private slots:
 
     void DoubleClickOpensThePageAndFaction() {
         frmCheck* findings = RunCheck();
-        auto* SSTab1 = Main<QTabWidget>("SSTab1");
+        auto* SSTab1 = Get<QTabWidget>("SSTab1");
 
         DoubleClick(findings, "b_grp", "emphaty\\new\\grp.ini", "[b_grp] o_d");
-        QCOMPARE(SSTab1->currentWidget()->isAncestorOf(Main<QWidget>("cboemphaty_group")), true);
-        QCOMPARE(Main<QComboBox>("cboemphaty_group")->currentText(), QString("b_grp"));
-        QCOMPARE(Main<QComboBox>("Combo1")->currentText(), QString("0,5")); // the faction loaded
+        QCOMPARE(SSTab1->currentWidget()->isAncestorOf(Get<QWidget>("cboemphaty_group")), true);
+        QCOMPARE(Get<QComboBox>("cboemphaty_group")->currentText(), QString("b_grp"));
+        QCOMPARE(Get<QComboBox>("Combo1")->currentText(), QString("0,5")); // the faction loaded
 
         DoubleClick(findings, "a_grp", "faction_prop\\Shiplist_a_grp.lst", "line 1");
-        QCOMPARE(SSTab1->currentWidget()->isAncestorOf(Main<QWidget>("cboFP_group")), true);
-        QCOMPARE(Main<QComboBox>("cboFP_group")->currentText(), QString("a_grp"));
-        QCOMPARE(Main<QTabWidget>("SSTab2")->currentIndex(), 0); // the ships' tab
-        QCOMPARE(Main<QListWidget>("lstFPShips")->item(0)->text(), QString("my_own_ship"));
+        QCOMPARE(SSTab1->currentWidget()->isAncestorOf(Get<QWidget>("cboFP_group")), true);
+        QCOMPARE(Get<QComboBox>("cboFP_group")->currentText(), QString("a_grp"));
+        QCOMPARE(Get<QTabWidget>("SSTab2")->currentIndex(), 0); // the ships' tab
+        QCOMPARE(Get<QListWidget>("lstFPShips")->item(0)->text(), QString("my_own_ship"));
 
         DoubleClick(findings, "b_grp", "initialworld\\grp.ini", "[b_grp]"); // no entry there
-        QCOMPARE(SSTab1->currentWidget()->isAncestorOf(Main<QWidget>("cboInit_group")), true);
-        QCOMPARE(Main<QComboBox>("cboInit_group")->currentText(), QString("b_grp"));
+        QCOMPARE(SSTab1->currentWidget()->isAncestorOf(Get<QWidget>("cboInit_group")), true);
+        QCOMPARE(Get<QComboBox>("cboInit_group")->currentText(), QString("b_grp"));
     }
 
     void RegistryFindingsSelectTheRegistryEntry() {
         Write("misc/factions.ini", "[a_grp]\r\ngrp=A\r\n[b_grp]\r\n");
-        emit Main<VantelButton>("btnnewfactionreload")->Click();
+        emit Get<VantelButton>("btnnewfactionreload")->Click();
         frmCheck* findings = RunCheck();
-        Main<QTabWidget>("SSTab1")->setCurrentIndex(1);
+        Get<QTabWidget>("SSTab1")->setCurrentIndex(1);
         DoubleClick(findings, "b_grp", "misc\\factions.ini", "[b_grp] grp");
-        QCOMPARE(Main<QTabWidget>("SSTab1")->currentIndex(), 0);
-        QCOMPARE(Main<QLineEdit>("txtNewNick")->text(), QString("b_grp"));
-        QCOMPARE(Main<QLineEdit>("txtNewDescr")->text(), QString("[ERROR]"));
+        QCOMPARE(Get<QTabWidget>("SSTab1")->currentIndex(), 0);
+        QCOMPARE(Get<QLineEdit>("txtNewNick")->text(), QString("b_grp"));
+        QCOMPARE(Get<QLineEdit>("txtNewDescr")->text(), QString("[ERROR]"));
     }
 };
 

@@ -2,13 +2,8 @@
 // stale values or drop edits: driven through real key events and accessibility interfaces.
 #include "core/modFunctions.h"
 #include "core/txtReadWrite.h"
-#include "support/TempFolder.h"
-#include "ui/Session.h"
 #include "ui/VantelButton.h"
-#include "ui/frmFPBodyparts.h"
-#include "ui/frmMain.h"
 #include "ui/support/MainWindowFixture.h"
-#include "ui/support/ScriptedDialogs.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -17,10 +12,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPointer>
 #include <QTest>
 #include <QTimer>
-#include <memory>
 
 class frmMainAccessTest : public QObject, protected MainWindowFixture {
     Q_OBJECT
@@ -133,34 +126,6 @@ private slots:
             if (!english)
                 Get<VantelButton>("VantelButton2")->click();
         }
-    }
-
-    void BodyPartCombosAreNamedByTheirLabels() {
-        frmFPBodyparts dialog;
-        QCOMPARE(AccessibleName(dialog.findChild<QComboBox*>("Combo1")), QString("Head"));
-        QCOMPARE(AccessibleName(dialog.findChild<QComboBox*>("Combo2")), QString("Body"));
-        QCOMPARE(AccessibleName(dialog.findChild<QComboBox*>("Combo3")), QString("Accessory"));
-    }
-
-    void QuestionMarkTwiceLeavesOneAboutWindow() {
-        const auto abouts = [] {
-            int count = 0;
-            for (QWidget* top : QApplication::topLevelWidgets())
-                count += top->objectName() == "frmAbout" && top->isVisible();
-            return count;
-        };
-        Get<VantelButton>("VantelButton3")->click();
-        Get<VantelButton>("VantelButton3")->click();
-        QCOMPARE(abouts(), 1);
-        for (QWidget* top : QApplication::topLevelWidgets())
-            if (top->objectName() == "frmAbout")
-                top->close();
-        QTRY_COMPARE(abouts(), 0);
-        Get<VantelButton>("VantelButton3")->click();
-        QCOMPARE(abouts(), 1); // closed, it opens again
-        for (QWidget* top : QApplication::topLevelWidgets())
-            if (top->objectName() == "frmAbout")
-                top->close();
     }
 
     void AfterAReloadAnEditWithoutAChosenFactionIsRefusedNotDropped() {

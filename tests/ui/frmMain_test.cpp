@@ -1,20 +1,15 @@
 // The main window driven through its real widgets: project manager, registry panel,
 // languages and the panel animations. Modal boxes are answered by ScriptedDialogs.
 #include "core/modFunctions.h"
-#include "support/TempFolder.h"
 #include "ui/Captions.h"
-#include "ui/Session.h"
 #include "ui/Twips.h"
 #include "ui/VantelButton.h"
-#include "ui/frmMain.h"
 #include "ui/support/MainWindowFixture.h"
-#include "ui/support/ScriptedDialogs.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QComboBox>
 #include <QDialog>
-#include <QElapsedTimer>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -27,7 +22,6 @@
 #include <QTimer>
 #include <QTreeWidget>
 #include <filesystem>
-#include <memory>
 
 namespace fs = std::filesystem;
 
@@ -188,16 +182,11 @@ private slots:
         QCOMPARE(window->windowTitle(), QString("Orrindel 2.0 beta 2 || Halvex"));
         QCOMPARE(Get<QTabWidget>("SSTab1")->currentIndex(), 0);
         QCOMPARE(Get<QTabWidget>("SSTab1")->count(), 6);
-        QCOMPARE(Get<QTabWidget>("SSTab1")->tabText(0), QString("Projektmanager"));
-        QCOMPARE(Get<QTabWidget>("SSTab1")->tabText(4), QString("XML-Script"));
-        QCOMPARE(Get<QTabWidget>("SSTab1")->tabText(5), QString("Matrix"));
-        QCOMPARE(Get<VantelButton>("VantelButton2")->Caption(), QString("Englische Version"));
         QVERIFY(Get<VantelButton>("VantelButton3")->Bold());
         QVERIFY(!Get<VantelButton>("VantelButton2")->Bold());
         QVERIFY(!Get<QGroupBox>("Frame1")->isHidden());
         QVERIFY(Get<QGroupBox>("Frame2")->isHidden());
         QVERIFY(Get<QLineEdit>("txtdateiname")->isHidden());
-        QCOMPARE(Get<QLineEdit>("txtdateiname")->text(), QString("Projektname"));
         QCOMPARE(Get<QLabel>("lblActiveProject")->text(), QString());
         QCOMPARE(Get<QLabel>("Label4")->text(), QString("-->"));
         QCOMPARE(Get<QLineEdit>("txtZeit")->text(), QString("80"));
@@ -207,8 +196,7 @@ private slots:
         QVERIFY(Projects().isEmpty());
         for (const char* timer : {"Timer1", "Timer2", "Timer3", "Timer4", "Timer7"})
             QVERIFY(!Timer(timer)->isActive());
-        QCOMPARE(Timer("Timer1")->interval(), 1);
-        QCOMPARE(Timer("Timer7")->interval(), 2000);
+        QCOMPARE(Timer("Timer7")->interval(), 2000); // the notice's time on screen
     }
 
     void NameBoxOpensAndClosesIn44Ticks() {
@@ -233,9 +221,7 @@ private slots:
         box->setText("Alpha");
         QTest::keyClick(box, Qt::Key_Return);
 
-        for (const char* sub : {"", "emphaty", "emphaty/new", "faction_prop", "initialworld", "XML",
-                                "Protocol", "compiled", "misc"})
-            QVERIFY2(fs::is_directory(ProjectFile("Alpha", sub)), sub);
+        QVERIFY(fs::is_directory(ProjectFile("Alpha", "emphaty/new"))); // the tree is the core's
         QCOMPARE(Projects(), QStringList{"Alpha"});
         QCOMPARE(box->text(), QString("Alpha")); // Enter is swallowed, the text stays
         QVERIFY(Timer("Timer2")->isActive());    // and the box closes again
@@ -277,7 +263,6 @@ private slots:
         Click("VantelButton6");
         QVERIFY(!Get<QLabel>("lblNoProject")->isHidden());
         QVERIFY(Timer("Timer7")->isActive());
-        QCOMPARE(Get<QLabel>("lblNoProject")->text(), QString("Kein Projekt ausgewählt!"));
         QVERIFY(session->ActiveProject.empty());
         RunTimer("Timer7");
         QVERIFY(Get<QLabel>("lblNoProject")->isHidden());
@@ -324,12 +309,6 @@ private slots:
         QVERIFY(!Get<VantelButton>("btnImportAll")->isEnabled());
         QCOMPARE(Get<QLabel>("lblActiveProject")->text(), QString("Alpha"));
         QCOMPARE(Projects(), QStringList{"Beta"});
-
-        // A folder made by hand shows after Refresh.
-        fs::create_directory((*folder) / "projects/Gamma");
-        QCOMPARE(Projects(), QStringList{"Beta"});
-        Click("VantelButton4");
-        QCOMPARE(Projects(), (QStringList{"Beta", "Gamma"}));
     }
 
     void RegistryPanelNewSaveEditDeleteReload() {
@@ -384,46 +363,30 @@ private slots:
         Click("btnnewfactiondel"); // nothing selected: nothing happens
         QCOMPARE(Factions(), QStringList{"fc_b|fc_b"});
 
-        // Reload takes the file as it is now.
-        TempFolder::Write(registry,
-                          "[one]\r\ngrp=G1\r\n [not]\r\n[t[w]o]\r\n[three]\r\ngrp=G3\r\n");
+        // Reload takes the file as it is now; a name unusable on disk is left out and told.
+        TempFolder::Write(registry, "[one]\r\ngrp=G1\r\n [not]\r\n[t[w]o]\r\n[three]\r\ngrp=G3\r\n"
+                                    "[../up]\r\ngrp=B\r\n");
         QCOMPARE(Factions(), QStringList{"fc_b|fc_b"});
         Click("btnnewfactionreload");
         QCOMPARE(Factions(), (QStringList{"one|G1", "two|[ERROR]", "three|G3"}));
+        QCOMPARE(Get<QComboBox>("cboemphaty_group")->count(), 3);
         QCOMPARE(Get<QLabel>("lblFactionsGesamt")->text(), QString("3"));
-        QVERIFY(dialogs->shown.size() == 1);
-    }
-
-    void RegistryWriteFailuresAreToldWithTheFile() {
-        LoadProject("P");
-        Get<QLineEdit>("txtNewNick")->setText("fc_a");
-        Click("btnnewfactionnew");
-        fs::remove_all(ProjectFile("P", "misc"));
-
-        Get<QLineEdit>("txtNewNick")->setText("fc_b");
-        Click("btnnewfactionnew");
-        QCOMPARE(dialogs->shown.size(), std::size_t(1));
-        QCOMPARE(dialogs->shown[0].icon, QMessageBox::Critical);
-        QVERIFY2(dialogs->shown[0].text.contains("factions.ini"),
-                 qPrintable(dialogs->shown[0].text));
-
-        ClickFaction("fc_a");
-        Click("btnnewfactiondel");
         QCOMPARE(dialogs->shown.size(), std::size_t(2));
-        QVERIFY2(dialogs->shown[1].text.contains("factions.ini"),
-                 qPrintable(dialogs->shown[1].text));
-        QVERIFY(window->isVisible());
-    }
+        QVERIFY(dialogs->shown[1].text.contains("../up"));
 
-    void UnusableRegistryNamesAreLeftOutAndTold() {
-        LoadProject("Alpha");
-        TempFolder::Write(ProjectFile("Alpha", "misc/factions.ini"),
-                          "[ok_grp]\r\ngrp=A\r\n[../up]\r\ngrp=B\r\n");
-        Click("btnnewfactionreload");
-        QCOMPARE(Factions(), QStringList{"ok_grp|A"});
-        QCOMPARE(Get<QComboBox>("cboemphaty_group")->count(), 1);
-        QCOMPARE(dialogs->shown.size(), std::size_t(1));
-        QVERIFY(dialogs->shown.front().text.contains("../up"));
+        // Failed writes are told with the file, for a save and for a delete.
+        fs::remove_all(ProjectFile("P", "misc"));
+        Get<QLineEdit>("txtNewNick")->setText("fc_c");
+        Click("btnnewfactionnew");
+        ClickFaction("one");
+        Click("btnnewfactiondel");
+        QCOMPARE(dialogs->shown.size(), std::size_t(4));
+        QCOMPARE(dialogs->shown[2].icon, QMessageBox::Critical);
+        QVERIFY2(dialogs->shown[2].text.contains("factions.ini"),
+                 qPrintable(dialogs->shown[2].text));
+        QVERIFY2(dialogs->shown[3].text.contains("factions.ini"),
+                 qPrintable(dialogs->shown[3].text));
+        QVERIFY(window->isVisible());
     }
 
     void ProjectFoldersAreListedFromUtf8AndOthersLeftOutAndTold() {
@@ -431,11 +394,16 @@ private slots:
                                          "e"); // made by hand
         fs::create_directory((*folder) / "projects/Gr\xF6\xDF"
                                          "e 1252");
+        QVERIFY(Projects().isEmpty()); // shown only after Refresh
         Click("VantelButton4");
         QCOMPARE(Projects(), QStringList{QString::fromUtf8("Gr\xC3\xB6\xC3\x9F"
                                                            "e")});
         QCOMPARE(dialogs->shown.size(), std::size_t(1));
-        QVERIFY(dialogs->shown.front().text.contains("is left out"));
+        const QString told = dialogs->shown.front().text;
+        QVERIFY2(
+            told.contains(QString::fromStdString("Gr??e 1252\" in " + folder->path() +
+                                                 "/projects is left out: the name is not UTF-8")),
+            qPrintable(told));
     }
 
     void SlidesTakeTheComputedTicks() {
@@ -466,23 +434,13 @@ private slots:
                  QList<int>({9960, 1080, 15, 4215}));
         QCOMPARE(frame1->geometry().right() + 1, frame2->geometry().left());
 
-        Get<QSlider>("Slider1")->setValue(100);
-        QCOMPARE(Get<QLineEdit>("txtZeit")->text(), QString("100"));
-        QTest::mouseClick(Get<QLabel>("Label4"), Qt::LeftButton);
-        QCOMPARE(RunTimer("Timer3"), 98);
-        QCOMPARE(twips::Width(frame1), 40);
-        QCOMPARE(twips::Left(frame2), 160);
-        QCOMPARE(twips::Width(frame2), 9815);
-        QTest::mouseClick(Get<QLabel>("Label4"), Qt::LeftButton);
-        QCOMPARE(RunTimer("Timer4"), 98);
-        QCOMPARE(twips::Width(frame1), 9840);
-
-        // Sliding back with a smaller step than the way out overshoots: 80 + 140 * 70.
-        Get<QSlider>("Slider1")->setValue(80);
+        // The step is the slider's: sliding back with a smaller step than the way out
+        // overshoots, 80 + 140 * 70.
         QTest::mouseClick(Get<QLabel>("Label4"), Qt::LeftButton);
         RunTimer("Timer3");
         QCOMPARE(twips::Width(frame1), 80);
         Get<QSlider>("Slider1")->setValue(70);
+        QCOMPARE(Get<QLineEdit>("txtZeit")->text(), QString("70"));
         QTest::mouseClick(Get<QLabel>("Label4"), Qt::LeftButton);
         QCOMPARE(RunTimer("Timer4"), 140);
         QCOMPARE(twips::Width(frame1), 9880);
@@ -493,17 +451,6 @@ private slots:
         QVERIFY(QMetaObject::invokeMethod(Timer("Timer3")->parent(), "Timer3_Timer"));
         QVERIFY(Timer("Timer3")->isActive());
         QCOMPARE(twips::Width(frame1), 9880);
-    }
-
-    void NoticeHidesAfter2000ms() {
-        Click("VantelButton6");
-        QElapsedTimer clock;
-        clock.start();
-        auto* notice = Get<QLabel>("lblNoProject");
-        QVERIFY(notice->isVisible());
-        QTRY_VERIFY_WITH_TIMEOUT(notice->isHidden(), 4000);
-        QVERIFY2(clock.elapsed() >= 1990, qPrintable(QString::number(clock.elapsed())));
-        QVERIFY(!Timer("Timer7")->isActive());
     }
 
     // Every row of the captions table, each control present exactly once in the window;
@@ -611,13 +558,21 @@ private slots:
         QCOMPARE(Get<QTabWidget>("SSTab1")->tabText(4), QString("XML-Script"));
     }
 
-    void AboutOpensWithoutOwnerAndClosesByItsLabel() {
-        Click("VantelButton3");
+    // "?" twice leaves one About window; closed, it opens again.
+    void AboutOpensOnceWithoutOwnerAndClosesByItsLabel() {
         QWidget* about = nullptr;
-        for (QWidget* top : QApplication::topLevelWidgets())
-            if (top->objectName() == "frmAbout" && top->isVisible())
-                about = top;
-        QVERIFY(about);
+        const auto abouts = [&about] {
+            int count = 0;
+            for (QWidget* top : QApplication::topLevelWidgets())
+                if (top->objectName() == "frmAbout" && top->isVisible()) {
+                    about = top;
+                    ++count;
+                }
+            return count;
+        };
+        Click("VantelButton3");
+        Click("VantelButton3");
+        QCOMPARE(abouts(), 1);
         QCOMPARE(about->parentWidget(), nullptr);
         QCOMPARE(about->windowTitle(), QString("Orrindel 2.0 || Halvex"));
         auto* tabs = about->findChild<QTabWidget*>();
@@ -628,6 +583,9 @@ private slots:
         QTRY_VERIFY(guard.isNull());
         QVERIFY(window->isVisible());
         QCOMPARE(Get<QLabel>("Label1")->text(), QString("Scroll-Tempo"));
+        Click("VantelButton3");
+        QCOMPARE(abouts(), 1);
+        about->close();
     }
 };
 
