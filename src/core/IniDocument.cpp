@@ -189,7 +189,7 @@ IniDocument::IniDocument(std::string_view bytes) : bytes_(bytes) {
 }
 
 std::string_view IniDocument::Text(const Line& line) const {
-    const std::string& store = line.store == 0 ? bytes_ : owned_[line.store - 1];
+    const std::string& store = line.store == 0 ? bytes_ : written_[line.store - 1];
     return std::string_view(store).substr(line.offset, line.length);
 }
 
@@ -201,9 +201,22 @@ std::string_view IniDocument::KeyOfLine(std::size_t line) const {
     return *KeyOf(Text(line));
 }
 
-std::uint32_t IniDocument::Own(std::string text) {
-    owned_.push_back(std::move(text));
-    return static_cast<std::uint32_t>(owned_.size());
+IniDocument::Placed IniDocument::Own(std::string_view text) {
+    // A chunk is filled up to the size reserved for it and never reallocated (a copied
+    // document's chunks may hold no room to spare: the next line then starts a new chunk).
+    constexpr std::size_t ChunkBytes = 64 * 1024;
+    if (written_.empty() || written_.back().capacity() - written_.back().size() < text.size()) {
+        written_.emplace_back().reserve(std::max(ChunkBytes, text.size()));
+    }
+    std::string& chunk = written_.back();
+    const auto offset = static_cast<std::uint32_t>(chunk.size());
+    chunk.append(text);
+    return {static_cast<std::uint32_t>(written_.size()), offset};
+}
+
+void IniDocument::AddOwnedLine(std::string_view text, Ending ending) {
+    const Placed placed = Own(text);
+    AddLine(placed.store, placed.offset, text.size(), ending);
 }
 
 void IniDocument::AddLine(std::uint32_t store, std::size_t offset, std::size_t length,
@@ -214,7 +227,7 @@ void IniDocument::AddLine(std::uint32_t store, std::size_t offset, std::size_t l
     const std::string_view text = Text(lines_.back());
     if (const auto name = SectionNameOf(text)) {
         const auto number = static_cast<std::uint32_t>(sections_.size());
-        sections_.push_back({index, index, 0, false, {}});
+        sections_.push_back({index, index, 0, false, false, {}});
         sectionIndex_.Insert(*name, FoldedHash(*name), number,
                              [this](std::uint32_t id) { return SectionName(id); });
         return;
@@ -231,7 +244,8 @@ void IniDocument::AddKey(Section& section, std::string_view key, std::uint32_t l
     const std::uint32_t header = section.header;
     const auto keyOf = [this, header](std::uint32_t id) { return KeyOfLine(header + id); };
     if (section.indexed) {
-        section.keys.Insert(key, FoldedHash(key), line - header, keyOf);
+        if (!section.keys.Insert(key, FoldedHash(key), line - header, keyOf))
+            section.repeatsKey = true;
         return;
     }
     // Most sections hold a key or two (one rate per section in an empathy file): a hash table
@@ -241,7 +255,8 @@ void IniDocument::AddKey(Section& section, std::string_view key, std::uint32_t l
     section.indexed = true;
     for (std::uint32_t at = header + 1; at <= section.lastLine; ++at)
         if (const auto name = KeyOf(Text(at)))
-            section.keys.Insert(*name, FoldedHash(*name), at - header, keyOf);
+            if (!section.keys.Insert(*name, FoldedHash(*name), at - header, keyOf))
+                section.repeatsKey = true;
 }
 
 const IniDocument::Section* IniDocument::FindSection(std::string_view section) const {
@@ -267,16 +282,36 @@ std::optional<std::size_t> IniDocument::FindKeyLine(const Section& section,
     return header + *found;
 }
 
+std::optional<std::size_t> IniDocument::FindKeyLineNear(const Section& section,
+                                                        std::string_view key,
+                                                        std::size_t expected) const {
+    // Where no key repeats, a line holding the key is the line a lookup finds: one comparison
+    // instead of hashing, when keys are read in the order of the file.
+    if (section.indexed && !section.repeatsKey && expected > section.header &&
+        expected <= section.lastLine)
+        if (const auto name = KeyOf(Text(expected)); name && FoldedEqual(*name, key))
+            return expected;
+    return FindKeyLine(section, key);
+}
+
+std::string_view IniDocument::StoredOn(std::size_t line) const {
+    const std::string_view text = Text(line);
+    return Trim(text.substr(text.find('=') + 1));
+}
+
 std::optional<std::string_view> IniDocument::Stored(std::string_view section,
                                                     std::string_view key) const {
-    const Section* found = FindSection(section);
+    return StoredIn(FindSection(section), key);
+}
+
+std::optional<std::string_view> IniDocument::StoredIn(const Section* found,
+                                                      std::string_view key) const {
     if (!found)
         return std::nullopt;
     const auto line = FindKeyLine(*found, key);
     if (!line)
         return std::nullopt;
-    const std::string_view text = Text(*line);
-    return Trim(text.substr(text.find('=') + 1));
+    return StoredOn(*line);
 }
 
 namespace {
@@ -288,9 +323,66 @@ std::string Decoded(std::string_view value) {
 }
 } // namespace
 
+namespace {
+// Walks the lines of bytes, split as the document splits them, until visit returns true.
+template <typename Visit> void ForEachLine(std::string_view bytes, const Visit& visit) {
+    std::size_t pos = 0;
+    while (pos < bytes.size()) {
+        std::size_t lf = bytes.find('\n', pos);
+        if (lf == std::string_view::npos)
+            lf = bytes.size();
+        const std::size_t end =
+            (lf > pos && lf < bytes.size() && bytes[lf - 1] == '\r') ? lf - 1 : lf;
+        if (visit(bytes.substr(pos, end - pos)))
+            return;
+        pos = lf + 1;
+    }
+}
+} // namespace
+
+std::string IniDocument::ReadOnce(std::string_view bytes, std::string_view section,
+                                  std::string_view key, std::string_view defaultValue) {
+    // As the indexes decide: the first section of the name, and in it the first line of the key.
+    std::optional<std::string_view> stored;
+    bool inSection = false, sectionSeen = false;
+    ForEachLine(bytes, [&](std::string_view text) {
+        if (const auto name = SectionNameOf(text)) {
+            if (sectionSeen)
+                return true; // the first section of the name has ended
+            inSection = sectionSeen = FoldedEqual(*name, section);
+            return false;
+        }
+        if (const auto name = inSection ? KeyOf(text) : std::nullopt;
+            name && FoldedEqual(*name, key)) {
+            stored = Trim(text.substr(text.find('=') + 1));
+            return true;
+        }
+        return false;
+    });
+    return Decoded(stored.value_or(defaultValue));
+}
+
 std::string IniDocument::Read(std::string_view section, std::string_view key,
                               std::string_view defaultValue) const {
     return Decoded(Stored(section, key).value_or(defaultValue));
+}
+
+std::vector<std::string> IniDocument::ReadEach(std::string_view section,
+                                               const std::vector<std::string>& keys,
+                                               std::string_view defaultValue) const {
+    const Section* found = FindSection(section);
+    std::vector<std::string> values;
+    values.reserve(keys.size());
+    std::size_t expected = 0; // the line after the last one found
+    for (const std::string& key : keys) {
+        std::optional<std::size_t> line;
+        if (found)
+            line = FindKeyLineNear(*found, key, expected);
+        if (line)
+            expected = *line + 1;
+        values.push_back(Decoded(line ? StoredOn(*line) : defaultValue));
+    }
+    return values;
 }
 
 std::optional<std::string> IniDocument::ReadStored(std::string_view section,
@@ -309,9 +401,8 @@ bool IniDocument::Write(std::string_view section, std::string_view key, std::str
             lines_.back().ending = Ending::CrLf;
         // Appended rather than "[" + ...: GCC 12 at -O3 warns falsely (-Wrestrict) on that.
         const std::string header = std::string("[").append(section).append("]");
-        AddLine(Own(header), 0, header.size(), Ending::CrLf);
-        const std::string line = std::string(key) + "=" + escaped;
-        AddLine(Own(line), 0, line.size(), Ending::CrLf);
+        AddOwnedLine(header, Ending::CrLf);
+        AddOwnedLine(std::string(key) + "=" + escaped, Ending::CrLf);
         return true;
     }
     Section& found = sections_[static_cast<std::size_t>(constFound - sections_.data())];
@@ -321,9 +412,10 @@ bool IniDocument::Write(std::string_view section, std::string_view key, std::str
         if (Trim(text.substr(equals + 1)) == escaped)
             return false;
         // The key keeps its spelling (and so its place in the index).
-        std::string line = std::string(Trim(text.substr(0, equals))) + "=" + escaped;
-        const auto length = static_cast<std::uint32_t>(line.size());
-        lines_[*at] = {Own(std::move(line)), 0, length, lines_[*at].ending};
+        const std::string line = std::string(Trim(text.substr(0, equals))) + "=" + escaped;
+        const Placed placed = Own(line);
+        lines_[*at] = {placed.store, placed.offset, static_cast<std::uint32_t>(line.size()),
+                       lines_[*at].ending};
         return true;
     }
     // A new key goes right after the section's last non-blank line.
@@ -333,9 +425,11 @@ bool IniDocument::Write(std::string_view section, std::string_view key, std::str
     if (lines_[after].ending == Ending::None)
         lines_[after].ending = Ending::CrLf;
     const auto index = static_cast<std::uint32_t>(after + 1);
-    std::string line = std::string(key) + "=" + escaped;
-    const auto length = static_cast<std::uint32_t>(line.size());
-    lines_.insert(lines_.begin() + index, Line{Own(std::move(line)), 0, length, Ending::CrLf});
+    const std::string line = std::string(key) + "=" + escaped;
+    const Placed placed = Own(line);
+    lines_.insert(
+        lines_.begin() + index,
+        Line{placed.store, placed.offset, static_cast<std::uint32_t>(line.size()), Ending::CrLf});
     // Keys are kept relative to their header, so only later headers move.
     ++found.lastLine;
     for (auto s = sections_.begin() + (&found - sections_.data()) + 1; s != sections_.end(); ++s) {

@@ -54,13 +54,14 @@ std::string CompiledText(const IniDocument& data, const std::vector<std::string>
         text += CrLf;
         at.innerDone = 0;
         progress::Tell(report, at);
+        const std::vector<std::string> values = data.ReadEach(faction, rows, "0.0");
         for (std::size_t j = 0; j < rows.size(); ++j) {
             if (report) {
                 at.innerDone = j + 1;
                 report(at);
             }
             text += "rep = ";
-            text += data.Read(faction, rows[j], "0.0");
+            text += values[j];
             text += ", ";
             text += rows[j];
             text += CrLf;
