@@ -9,6 +9,9 @@ namespace ini {
 
 namespace {
 std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to) {
+    // Nearly every value holds no line break: one scan for the pattern's first byte settles it.
+    if (text.find(from.front()) == std::string_view::npos)
+        return std::string(text);
     std::string out;
     out.reserve(text.size());
     std::size_t pos = 0;
@@ -194,7 +197,9 @@ std::string_view IniDocument::Text(const Line& line) const {
 }
 
 std::string_view IniDocument::SectionName(std::size_t section) const {
-    return *SectionNameOf(Text(sections_[section].header));
+    // Header lines are never rewritten, so the name's place in its line stays valid.
+    const Section& found = sections_[section];
+    return Text(found.header).substr(found.nameOffset, found.nameLength);
 }
 
 std::string_view IniDocument::KeyOfLine(std::size_t line) const {
@@ -227,7 +232,14 @@ void IniDocument::AddLine(std::uint32_t store, std::size_t offset, std::size_t l
     const std::string_view text = Text(lines_.back());
     if (const auto name = SectionNameOf(text)) {
         const auto number = static_cast<std::uint32_t>(sections_.size());
-        sections_.push_back({index, index, 0, false, false, {}});
+        sections_.push_back({index,
+                             index,
+                             0,
+                             static_cast<std::uint32_t>(name->data() - text.data()),
+                             static_cast<std::uint32_t>(name->size()),
+                             false,
+                             false,
+                             {}});
         sectionIndex_.Insert(*name, FoldedHash(*name), number,
                              [this](std::uint32_t id) { return SectionName(id); });
         return;
@@ -240,11 +252,12 @@ void IniDocument::AddLine(std::uint32_t store, std::size_t offset, std::size_t l
         AddKey(section, *key, index);
 }
 
-void IniDocument::AddKey(Section& section, std::string_view key, std::uint32_t line) {
+void IniDocument::AddKey(Section& section, std::string_view key, std::uint32_t line,
+                         std::optional<std::uint64_t> keyHash) {
     const std::uint32_t header = section.header;
     const auto keyOf = [this, header](std::uint32_t id) { return KeyOfLine(header + id); };
     if (section.indexed) {
-        if (!section.keys.Insert(key, FoldedHash(key), line - header, keyOf))
+        if (!section.keys.Insert(key, keyHash ? *keyHash : FoldedHash(key), line - header, keyOf))
             section.repeatsKey = true;
         return;
     }
@@ -265,8 +278,8 @@ const IniDocument::Section* IniDocument::FindSection(std::string_view section) c
     return found ? &sections_[*found] : nullptr;
 }
 
-std::optional<std::size_t> IniDocument::FindKeyLine(const Section& section,
-                                                    std::string_view key) const {
+std::optional<std::size_t> IniDocument::FindKeyLine(const Section& section, std::string_view key,
+                                                    std::optional<std::uint64_t> keyHash) const {
     const std::uint32_t header = section.header;
     if (!section.indexed) {
         // The first of equal keys counts, as in the index.
@@ -275,8 +288,9 @@ std::optional<std::size_t> IniDocument::FindKeyLine(const Section& section,
                 return at;
         return std::nullopt;
     }
-    const auto found = section.keys.Find(
-        key, FoldedHash(key), [this, header](std::uint32_t id) { return KeyOfLine(header + id); });
+    const auto found =
+        section.keys.Find(key, keyHash ? *keyHash : FoldedHash(key),
+                          [this, header](std::uint32_t id) { return KeyOfLine(header + id); });
     if (!found)
         return std::nullopt;
     return header + *found;
@@ -406,7 +420,9 @@ bool IniDocument::Write(std::string_view section, std::string_view key, std::str
         return true;
     }
     Section& found = sections_[static_cast<std::size_t>(constFound - sections_.data())];
-    if (const auto at = FindKeyLine(found, key)) {
+    // Hashed once: a key that is not there yet is looked up, then indexed.
+    const std::uint64_t keyHash = FoldedHash(key);
+    if (const auto at = FindKeyLine(found, key, keyHash)) {
         const std::string_view text = Text(*at);
         const std::size_t equals = text.find('=');
         if (Trim(text.substr(equals + 1)) == escaped)
@@ -436,7 +452,7 @@ bool IniDocument::Write(std::string_view section, std::string_view key, std::str
         ++s->header;
         ++s->lastLine;
     }
-    AddKey(found, key, index);
+    AddKey(found, key, index, keyHash);
     return true;
 }
 

@@ -90,9 +90,10 @@ private:
         std::uint32_t header = 0;   // line of the section line
         std::uint32_t lastLine = 0; // last line before the next section line
         std::uint32_t keyCount = 0; // key lines, counted while the section is small
-        bool indexed = false;       // keys is built (a small section is searched line by line)
-        bool repeatsKey = false;    // an indexed key appears on more than one line
-        NameIndex keys;             // key -> line offset from the header
+        std::uint32_t nameOffset = 0, nameLength = 0; // the name within its header line
+        bool indexed = false;    // keys is built (a small section is searched line by line)
+        bool repeatsKey = false; // an indexed key appears on more than one line
+        NameIndex keys;          // key -> line offset from the header
     };
 
     std::string_view Text(const Line& line) const;
@@ -101,14 +102,17 @@ private:
     std::string_view KeyOfLine(std::size_t line) const;
     void AddLine(std::uint32_t store, std::size_t offset, std::size_t length, Ending ending);
     const Section* FindSection(std::string_view section) const;
-    std::optional<std::size_t> FindKeyLine(const Section& section, std::string_view key) const;
+    // keyHash: FoldedHash(key) when the caller has it already.
+    std::optional<std::size_t> FindKeyLine(const Section& section, std::string_view key,
+                                           std::optional<std::uint64_t> keyHash = {}) const;
     // FindKeyLine, trying first the line a caller expects the key on.
     std::optional<std::size_t> FindKeyLineNear(const Section& section, std::string_view key,
                                                std::size_t expected) const;
     std::optional<std::string_view> StoredIn(const Section* section, std::string_view key) const;
     std::string_view StoredOn(std::size_t line) const;
     // Counts a key line added to the section, indexing the section once it is no longer small.
-    void AddKey(Section& section, std::string_view key, std::uint32_t line);
+    void AddKey(Section& section, std::string_view key, std::uint32_t line,
+                std::optional<std::uint64_t> keyHash = {});
     // Where a written line's bytes went: its store and its offset there.
     struct Placed {
         std::uint32_t store;
