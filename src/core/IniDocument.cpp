@@ -103,6 +103,8 @@ std::uint64_t FoldedHash(std::string_view name) {
 bool FoldedEqual(std::string_view a, std::string_view b) {
     if (a.size() != b.size())
         return false;
+    if (a == b)
+        return true; // names are mostly spelled alike: one byte comparison settles it
     const auto& fold = FoldTable();
     for (std::size_t i = 0; i < a.size(); ++i)
         if (fold[static_cast<unsigned char>(a[i])] != fold[static_cast<unsigned char>(b[i])])
@@ -206,22 +208,26 @@ std::string_view IniDocument::KeyOfLine(std::size_t line) const {
     return *KeyOf(Text(line));
 }
 
-IniDocument::Placed IniDocument::Own(std::string_view text) {
+IniDocument::Placed IniDocument::Own(std::initializer_list<std::string_view> pieces) {
     // A chunk is filled up to the size reserved for it and never reallocated (a copied
     // document's chunks may hold no room to spare: the next line then starts a new chunk).
     constexpr std::size_t ChunkBytes = 64 * 1024;
-    if (written_.empty() || written_.back().capacity() - written_.back().size() < text.size()) {
-        written_.emplace_back().reserve(std::max(ChunkBytes, text.size()));
-    }
+    std::size_t length = 0;
+    for (const std::string_view piece : pieces)
+        length += piece.size();
+    if (written_.empty() || written_.back().capacity() - written_.back().size() < length)
+        written_.emplace_back().reserve(std::max(ChunkBytes, length));
     std::string& chunk = written_.back();
     const auto offset = static_cast<std::uint32_t>(chunk.size());
-    chunk.append(text);
-    return {static_cast<std::uint32_t>(written_.size()), offset};
+    for (const std::string_view piece : pieces)
+        chunk.append(piece);
+    return {static_cast<std::uint32_t>(written_.size()), offset,
+            static_cast<std::uint32_t>(length)};
 }
 
-void IniDocument::AddOwnedLine(std::string_view text, Ending ending) {
-    const Placed placed = Own(text);
-    AddLine(placed.store, placed.offset, text.size(), ending);
+void IniDocument::AddOwnedLine(std::initializer_list<std::string_view> pieces, Ending ending) {
+    const Placed placed = Own(pieces);
+    AddLine(placed.store, placed.offset, placed.length, ending);
 }
 
 void IniDocument::AddLine(std::uint32_t store, std::size_t offset, std::size_t length,
@@ -407,16 +413,30 @@ std::optional<std::string> IniDocument::ReadStored(std::string_view section,
     return Decoded(*stored);
 }
 
+const IniDocument::Section* IniDocument::SectionToWrite(std::string_view section) {
+    // Batches write many keys into one section in a row. The section remembered is the first
+    // of its name, and stays so: new sections only ever go to the end.
+    if (lastWritten_ < sections_.size() && FoldedEqual(SectionName(lastWritten_), section))
+        return &sections_[lastWritten_];
+    // A section that the write adds is not remembered: its header may read as the name of
+    // an earlier section (blanks, a "]" in the name).
+    const Section* found = FindSection(section);
+    lastWritten_ = found ? static_cast<std::uint32_t>(found - sections_.data()) : NoSection;
+    return found;
+}
+
 bool IniDocument::Write(std::string_view section, std::string_view key, std::string_view value) {
-    const std::string escaped = ini::EscapeLineBreaks(value);
-    const Section* constFound = FindSection(section);
+    // Most values hold no line break and are written as they are given.
+    std::string escapedCopy;
+    std::string_view escaped = value;
+    if (value.find('\r') != std::string_view::npos)
+        escaped = escapedCopy = ini::EscapeLineBreaks(value);
+    const Section* constFound = SectionToWrite(section);
     if (!constFound) {
         if (!lines_.empty() && lines_.back().ending == Ending::None)
             lines_.back().ending = Ending::CrLf;
-        // Appended rather than "[" + ...: GCC 12 at -O3 warns falsely (-Wrestrict) on that.
-        const std::string header = std::string("[").append(section).append("]");
-        AddOwnedLine(header, Ending::CrLf);
-        AddOwnedLine(std::string(key) + "=" + escaped, Ending::CrLf);
+        AddOwnedLine({"[", section, "]"}, Ending::CrLf);
+        AddOwnedLine({key, "=", escaped}, Ending::CrLf);
         return true;
     }
     Section& found = sections_[static_cast<std::size_t>(constFound - sections_.data())];
@@ -428,10 +448,8 @@ bool IniDocument::Write(std::string_view section, std::string_view key, std::str
         if (Trim(text.substr(equals + 1)) == escaped)
             return false;
         // The key keeps its spelling (and so its place in the index).
-        const std::string line = std::string(Trim(text.substr(0, equals))) + "=" + escaped;
-        const Placed placed = Own(line);
-        lines_[*at] = {placed.store, placed.offset, static_cast<std::uint32_t>(line.size()),
-                       lines_[*at].ending};
+        const Placed placed = Own({Trim(text.substr(0, equals)), "=", escaped});
+        lines_[*at] = {placed.store, placed.offset, placed.length, lines_[*at].ending};
         return true;
     }
     // A new key goes right after the section's last non-blank line.
@@ -441,11 +459,9 @@ bool IniDocument::Write(std::string_view section, std::string_view key, std::str
     if (lines_[after].ending == Ending::None)
         lines_[after].ending = Ending::CrLf;
     const auto index = static_cast<std::uint32_t>(after + 1);
-    const std::string line = std::string(key) + "=" + escaped;
-    const Placed placed = Own(line);
-    lines_.insert(
-        lines_.begin() + index,
-        Line{placed.store, placed.offset, static_cast<std::uint32_t>(line.size()), Ending::CrLf});
+    const Placed placed = Own({key, "=", escaped});
+    lines_.insert(lines_.begin() + index,
+                  Line{placed.store, placed.offset, placed.length, Ending::CrLf});
     // Keys are kept relative to their header, so only later headers move.
     ++found.lastLine;
     for (auto s = sections_.begin() + (&found - sections_.data()) + 1; s != sections_.end(); ++s) {

@@ -4,7 +4,9 @@
 // views into the file's bytes until they are rewritten, and the indexes are flat tables.
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <functional>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -102,6 +104,8 @@ private:
     std::string_view KeyOfLine(std::size_t line) const;
     void AddLine(std::uint32_t store, std::size_t offset, std::size_t length, Ending ending);
     const Section* FindSection(std::string_view section) const;
+    // FindSection for a write, remembering the section for the next write.
+    const Section* SectionToWrite(std::string_view section);
     // keyHash: FoldedHash(key) when the caller has it already.
     std::optional<std::size_t> FindKeyLine(const Section& section, std::string_view key,
                                            std::optional<std::uint64_t> keyHash = {}) const;
@@ -113,23 +117,26 @@ private:
     // Counts a key line added to the section, indexing the section once it is no longer small.
     void AddKey(Section& section, std::string_view key, std::uint32_t line,
                 std::optional<std::uint64_t> keyHash = {});
-    // Where a written line's bytes went: its store and its offset there.
+    // Where a written line's bytes went: its store, its offset there and its length.
     struct Placed {
         std::uint32_t store;
         std::uint32_t offset;
+        std::uint32_t length;
     };
-    // Copies a written line into the current chunk of written_.
-    Placed Own(std::string_view text);
-    void AddOwnedLine(std::string_view text, Ending ending);
+    // Copies a written line, given in pieces, into the current chunk of written_.
+    Placed Own(std::initializer_list<std::string_view> pieces);
+    void AddOwnedLine(std::initializer_list<std::string_view> pieces, Ending ending);
 
     std::string bytes_;
     // Written lines, packed into chunks that are never grown past their reserved size, so
     // that views into them stay valid while later lines are written (and an import of
     // hundreds of thousands of keys does not allocate a string for each).
-    std::vector<std::string> written_;
+    std::deque<std::string> written_; // a deque: adding a chunk moves none of the others
     std::vector<Line> lines_;
     std::vector<Section> sections_;
     NameIndex sectionIndex_; // section name -> number of its first occurrence
+    static constexpr std::uint32_t NoSection = 0xFFFFFFFFu;
+    std::uint32_t lastWritten_ = NoSection; // the section the last write found
 };
 
 namespace ini {

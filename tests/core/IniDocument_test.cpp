@@ -162,3 +162,17 @@ TEST(IniDocument, CopiesKeepWrittenLinesApartAndWritable) {
     EXPECT_EQ(IniDocument(copy.Bytes()).Read("s2", "key2998", ""), std::string(30, 'v'));
     EXPECT_EQ(IniDocument(doc.Bytes()).Bytes(), doc.Bytes());
 }
+
+TEST(IniDocument, WritesInARowFindTheFirstSectionOfTheName) {
+    // "a]b" adds a section whose header reads as "a": later writes to "a" still go to the
+    // first "[a]", as a fresh document's would.
+    IniDocument doc("[a]\r\nx=1\r\n");
+    doc.Write("a]b", "y", "2");
+    doc.Write("A", "z", "3");
+    doc.Write("a", "x", "4");
+    EXPECT_EQ(doc.Bytes(), "[a]\r\nx=4\r\nz=3\r\n[a]b]\r\ny=2\r\n");
+    IniDocument fresh(doc.Bytes());
+    fresh.Write("a", "w", "5");
+    doc.Write("a", "w", "5");
+    EXPECT_EQ(doc.Bytes(), fresh.Bytes());
+}
