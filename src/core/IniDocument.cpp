@@ -390,9 +390,17 @@ std::string IniDocument::Read(std::string_view section, std::string_view key,
 std::vector<std::string> IniDocument::ReadEach(std::string_view section,
                                                const std::vector<std::string>& keys,
                                                std::string_view defaultValue) const {
-    const Section* found = FindSection(section);
     std::vector<std::string> values;
     values.reserve(keys.size());
+    ReadEach(section, keys, defaultValue,
+             [&values](std::string_view value) { values.emplace_back(value); });
+    return values;
+}
+
+void IniDocument::ReadEach(std::string_view section, const std::vector<std::string>& keys,
+                           std::string_view defaultValue,
+                           const std::function<void(std::string_view)>& take) const {
+    const Section* found = FindSection(section);
     std::size_t expected = 0; // the line after the last one found
     for (const std::string& key : keys) {
         std::optional<std::size_t> line;
@@ -400,9 +408,14 @@ std::vector<std::string> IniDocument::ReadEach(std::string_view section,
             line = FindKeyLineNear(*found, key, expected);
         if (line)
             expected = *line + 1;
-        values.push_back(Decoded(line ? StoredOn(*line) : defaultValue));
+        const std::string_view value = line ? StoredOn(*line) : defaultValue;
+        // Short values without the escape's first byte read back as they are stored.
+        if (value.size() <= ini::MaxReadBytes &&
+            value.find(ini::LineBreakEscape.front()) == std::string_view::npos)
+            take(value);
+        else
+            take(Decoded(value));
     }
-    return values;
 }
 
 std::optional<std::string> IniDocument::ReadStored(std::string_view section,

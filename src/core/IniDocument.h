@@ -32,6 +32,11 @@ public:
     std::vector<std::string> ReadEach(std::string_view section,
                                       const std::vector<std::string>& keys,
                                       std::string_view defaultValue) const;
+    // The same handed to take one by one, without a string for each value that needs no
+    // decoding (the view lasts for the call).
+    void ReadEach(std::string_view section, const std::vector<std::string>& keys,
+                  std::string_view defaultValue,
+                  const std::function<void(std::string_view)>& take) const;
     // What a read returns when the key is stored; nullopt when it is not (one lookup).
     std::optional<std::string> ReadStored(std::string_view section, std::string_view key) const;
     // Stores a value (CR LF escaped here). False when the stored value was equal already.
