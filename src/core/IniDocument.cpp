@@ -211,12 +211,17 @@ std::string_view IniDocument::KeyOfLine(std::size_t line) const {
 IniDocument::Placed IniDocument::Own(std::initializer_list<std::string_view> pieces) {
     // A chunk is filled up to the size reserved for it and never reallocated (a copied
     // document's chunks may hold no room to spare: the next line then starts a new chunk).
-    constexpr std::size_t ChunkBytes = 64 * 1024;
+    // Each chunk is twice the size of the one before, up to a limit: a settings file with a
+    // few written values stays small, and a large import asks for memory a few times only.
+    constexpr std::size_t FirstChunk = 1024, LargestChunk = 1024 * 1024;
     std::size_t length = 0;
     for (const std::string_view piece : pieces)
         length += piece.size();
-    if (written_.empty() || written_.back().capacity() - written_.back().size() < length)
-        written_.emplace_back().reserve(std::max(ChunkBytes, length));
+    if (written_.empty() || written_.back().capacity() - written_.back().size() < length) {
+        const std::size_t size =
+            written_.empty() ? FirstChunk : std::min(LargestChunk, 2 * written_.back().capacity());
+        written_.emplace_back().reserve(std::max(size, length));
+    }
     std::string& chunk = written_.back();
     const auto offset = static_cast<std::uint32_t>(chunk.size());
     for (const std::string_view piece : pieces)
