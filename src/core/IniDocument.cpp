@@ -9,6 +9,9 @@ namespace ini {
 
 namespace {
 std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to) {
+    // Nearly every value holds no line break: one scan for the pattern's first byte settles it.
+    if (text.find(from.front()) == std::string_view::npos)
+        return std::string(text);
     std::string out;
     out.reserve(text.size());
     std::size_t pos = 0;
@@ -169,21 +172,48 @@ IniDocument::IniDocument(std::string_view bytes) : bytes_(bytes) {
 }
 
 std::string_view IniDocument::Text(const Line& line) const {
-    const std::string& store = line.store == 0 ? bytes_ : owned_[line.store - 1];
+    const std::string& store = line.store == 0 ? bytes_ : written_[line.store - 1];
     return std::string_view(store).substr(line.offset, line.length);
 }
 
 std::string_view IniDocument::SectionName(std::size_t section) const {
-    return *SectionNameOf(Text(sections_[section].header));
+    // Header lines are never rewritten, so the name's place in its line stays valid.
+    const Section& found = sections_[section];
+    return Text(found.header).substr(found.nameOffset, found.nameLength);
 }
 
 std::string_view IniDocument::KeyOfLine(std::size_t line) const {
     return *KeyOf(Text(line));
 }
 
-std::uint32_t IniDocument::Own(std::string text) {
-    owned_.push_back(std::move(text));
-    return static_cast<std::uint32_t>(owned_.size());
+IniDocument::Placed IniDocument::Own(std::initializer_list<std::string_view> pieces) {
+    // A chunk is filled up to the size reserved for it and never reallocated (a copied
+    // document's chunks may hold no room to spare: the next line then starts a new chunk).
+    // Each chunk is twice the size of the one before, up to a limit: a settings file with a
+    // few written values stays small, and a large import asks for memory a few times only.
+    constexpr std::size_t FirstChunk = 1024, LargestChunk = 1024 * 1024;
+    std::size_t length = 0;
+    for (const std::string_view piece : pieces)
+        length += piece.size();
+    if (written_.empty() || written_.back().capacity() - written_.back().size() < length) {
+        const std::size_t size =
+            written_.empty() ? FirstChunk : std::min(LargestChunk, 2 * written_.back().capacity());
+        written_.emplace_back().reserve(std::max(size, length));
+    }
+    std::string& chunk = written_.back();
+    const auto offset = static_cast<std::uint32_t>(chunk.size());
+    // Grown once, then filled: three appends of a few bytes each cost more than the copying.
+    chunk.resize(offset + length);
+    char* to = chunk.data() + offset;
+    for (const std::string_view piece : pieces)
+        to = std::copy(piece.begin(), piece.end(), to);
+    return {static_cast<std::uint32_t>(written_.size()), offset,
+            static_cast<std::uint32_t>(length)};
+}
+
+void IniDocument::AddOwnedLine(std::initializer_list<std::string_view> pieces, Ending ending) {
+    const Placed placed = Own(pieces);
+    AddLine(placed.store, placed.offset, placed.length, ending);
 }
 
 void IniDocument::AddLine(std::uint32_t store, std::size_t offset, std::size_t length,
@@ -194,7 +224,14 @@ void IniDocument::AddLine(std::uint32_t store, std::size_t offset, std::size_t l
     const std::string_view text = Text(lines_.back());
     if (const auto name = SectionNameOf(text)) {
         const auto number = static_cast<std::uint32_t>(sections_.size());
-        sections_.push_back({index, index, 0, false, {}});
+        sections_.push_back({index,
+                             index,
+                             0,
+                             static_cast<std::uint32_t>(name->data() - text.data()),
+                             static_cast<std::uint32_t>(name->size()),
+                             false,
+                             false,
+                             {}});
         sectionIndex_.Insert(*name, FoldedHash(*name), number,
                              [this](std::uint32_t id) { return SectionName(id); });
         return;
@@ -207,11 +244,13 @@ void IniDocument::AddLine(std::uint32_t store, std::size_t offset, std::size_t l
         AddKey(section, *key, index);
 }
 
-void IniDocument::AddKey(Section& section, std::string_view key, std::uint32_t line) {
+void IniDocument::AddKey(Section& section, std::string_view key, std::uint32_t line,
+                         std::optional<std::uint64_t> keyHash) {
     const std::uint32_t header = section.header;
     const auto keyOf = [this, header](std::uint32_t id) { return KeyOfLine(header + id); };
     if (section.indexed) {
-        section.keys.Insert(key, FoldedHash(key), line - header, keyOf);
+        if (!section.keys.Insert(key, keyHash ? *keyHash : FoldedHash(key), line - header, keyOf))
+            section.repeatsKey = true;
         return;
     }
     // Most sections hold a key or two (one rate per section in an empathy file): a hash table
@@ -221,7 +260,8 @@ void IniDocument::AddKey(Section& section, std::string_view key, std::uint32_t l
     section.indexed = true;
     for (std::uint32_t at = header + 1; at <= section.lastLine; ++at)
         if (const auto name = KeyOf(Text(at)))
-            section.keys.Insert(*name, FoldedHash(*name), at - header, keyOf);
+            if (!section.keys.Insert(*name, FoldedHash(*name), at - header, keyOf))
+                section.repeatsKey = true;
 }
 
 const IniDocument::Section* IniDocument::FindSection(std::string_view section) const {
@@ -230,8 +270,8 @@ const IniDocument::Section* IniDocument::FindSection(std::string_view section) c
     return found ? &sections_[*found] : nullptr;
 }
 
-std::optional<std::size_t> IniDocument::FindKeyLine(const Section& section,
-                                                    std::string_view key) const {
+std::optional<std::size_t> IniDocument::FindKeyLine(const Section& section, std::string_view key,
+                                                    std::optional<std::uint64_t> keyHash) const {
     const std::uint32_t header = section.header;
     if (!section.indexed) {
         // The first of equal keys counts, as in the index.
@@ -240,23 +280,44 @@ std::optional<std::size_t> IniDocument::FindKeyLine(const Section& section,
                 return at;
         return std::nullopt;
     }
-    const auto found = section.keys.Find(
-        key, FoldedHash(key), [this, header](std::uint32_t id) { return KeyOfLine(header + id); });
+    const auto found =
+        section.keys.Find(key, keyHash ? *keyHash : FoldedHash(key),
+                          [this, header](std::uint32_t id) { return KeyOfLine(header + id); });
     if (!found)
         return std::nullopt;
     return header + *found;
 }
 
+std::optional<std::size_t> IniDocument::FindKeyLineNear(const Section& section,
+                                                        std::string_view key,
+                                                        std::size_t expected) const {
+    // Where no key repeats, a line holding the key is the line a lookup finds: one comparison
+    // instead of hashing, when keys are read in the order of the file.
+    if (section.indexed && !section.repeatsKey && expected > section.header &&
+        expected <= section.lastLine)
+        if (const auto name = KeyOf(Text(expected)); name && names::EqualIgnoringCase(*name, key))
+            return expected;
+    return FindKeyLine(section, key);
+}
+
+std::string_view IniDocument::StoredOn(std::size_t line) const {
+    const std::string_view text = Text(line);
+    return Trim(text.substr(text.find('=') + 1));
+}
+
 std::optional<std::string_view> IniDocument::Stored(std::string_view section,
                                                     std::string_view key) const {
-    const Section* found = FindSection(section);
+    return StoredIn(FindSection(section), key);
+}
+
+std::optional<std::string_view> IniDocument::StoredIn(const Section* found,
+                                                      std::string_view key) const {
     if (!found)
         return std::nullopt;
     const auto line = FindKeyLine(*found, key);
     if (!line)
         return std::nullopt;
-    const std::string_view text = Text(*line);
-    return Trim(text.substr(text.find('=') + 1));
+    return StoredOn(*line);
 }
 
 namespace {
@@ -268,9 +329,79 @@ std::string Decoded(std::string_view value) {
 }
 } // namespace
 
+namespace {
+// Walks the lines of bytes, split as the document splits them, until visit returns true.
+template <typename Visit> void ForEachLine(std::string_view bytes, const Visit& visit) {
+    std::size_t pos = 0;
+    while (pos < bytes.size()) {
+        std::size_t lf = bytes.find('\n', pos);
+        if (lf == std::string_view::npos)
+            lf = bytes.size();
+        const std::size_t end =
+            (lf > pos && lf < bytes.size() && bytes[lf - 1] == '\r') ? lf - 1 : lf;
+        if (visit(bytes.substr(pos, end - pos)))
+            return;
+        pos = lf + 1;
+    }
+}
+} // namespace
+
+std::string IniDocument::ReadOnce(std::string_view bytes, std::string_view section,
+                                  std::string_view key, std::string_view defaultValue) {
+    // As the indexes decide: the first section of the name, and in it the first line of the key.
+    std::optional<std::string_view> stored;
+    bool inSection = false, sectionSeen = false;
+    ForEachLine(bytes, [&](std::string_view text) {
+        if (const auto name = SectionNameOf(text)) {
+            if (sectionSeen)
+                return true; // the first section of the name has ended
+            inSection = sectionSeen = names::EqualIgnoringCase(*name, section);
+            return false;
+        }
+        if (const auto name = inSection ? KeyOf(text) : std::nullopt;
+            name && names::EqualIgnoringCase(*name, key)) {
+            stored = Trim(text.substr(text.find('=') + 1));
+            return true;
+        }
+        return false;
+    });
+    return Decoded(stored.value_or(defaultValue));
+}
+
 std::string IniDocument::Read(std::string_view section, std::string_view key,
                               std::string_view defaultValue) const {
     return Decoded(Stored(section, key).value_or(defaultValue));
+}
+
+std::vector<std::string> IniDocument::ReadEach(std::string_view section,
+                                               const std::vector<std::string>& keys,
+                                               std::string_view defaultValue) const {
+    std::vector<std::string> values;
+    values.reserve(keys.size());
+    ReadEach(section, keys, defaultValue,
+             [&values](std::string_view value) { values.emplace_back(value); });
+    return values;
+}
+
+void IniDocument::ReadEach(std::string_view section, const std::vector<std::string>& keys,
+                           std::string_view defaultValue,
+                           const std::function<void(std::string_view)>& take) const {
+    const Section* found = FindSection(section);
+    std::size_t expected = 0; // the line after the last one found
+    for (const std::string& key : keys) {
+        std::optional<std::size_t> line;
+        if (found)
+            line = FindKeyLineNear(*found, key, expected);
+        if (line)
+            expected = *line + 1;
+        const std::string_view value = line ? StoredOn(*line) : defaultValue;
+        // Short values without the escape's first byte read back as they are stored.
+        if (value.size() <= ini::MaxReadBytes &&
+            value.find(ini::LineBreakEscape.front()) == std::string_view::npos)
+            take(value);
+        else
+            take(Decoded(value));
+    }
 }
 
 std::optional<std::string> IniDocument::ReadStored(std::string_view section,
@@ -281,29 +412,44 @@ std::optional<std::string> IniDocument::ReadStored(std::string_view section,
     return Decoded(*stored);
 }
 
+const IniDocument::Section* IniDocument::SectionToWrite(std::string_view section) {
+    // Batches write many keys into one section in a row. The section remembered is the first
+    // of its name, and stays so: new sections only ever go to the end.
+    if (lastWritten_ < sections_.size() &&
+        names::EqualIgnoringCase(SectionName(lastWritten_), section))
+        return &sections_[lastWritten_];
+    // A section that the write adds is not remembered: its header may read as the name of
+    // an earlier section (blanks, a "]" in the name).
+    const Section* found = FindSection(section);
+    lastWritten_ = found ? static_cast<std::uint32_t>(found - sections_.data()) : NoSection;
+    return found;
+}
+
 bool IniDocument::Write(std::string_view section, std::string_view key, std::string_view value) {
-    const std::string escaped = ini::EscapeLineBreaks(value);
-    const Section* constFound = FindSection(section);
+    // Most values hold no line break and are written as they are given.
+    std::string escapedCopy;
+    std::string_view escaped = value;
+    if (value.find('\r') != std::string_view::npos)
+        escaped = escapedCopy = ini::EscapeLineBreaks(value);
+    const Section* constFound = SectionToWrite(section);
     if (!constFound) {
         if (!lines_.empty() && lines_.back().ending == Ending::None)
             lines_.back().ending = Ending::CrLf;
-        // Appended rather than "[" + ...: GCC 12 at -O3 warns falsely (-Wrestrict) on that.
-        const std::string header = std::string("[").append(section).append("]");
-        AddLine(Own(header), 0, header.size(), Ending::CrLf);
-        const std::string line = std::string(key) + "=" + escaped;
-        AddLine(Own(line), 0, line.size(), Ending::CrLf);
+        AddOwnedLine({"[", section, "]"}, Ending::CrLf);
+        AddOwnedLine({key, "=", escaped}, Ending::CrLf);
         return true;
     }
     Section& found = sections_[static_cast<std::size_t>(constFound - sections_.data())];
-    if (const auto at = FindKeyLine(found, key)) {
+    // Hashed once: a key that is not there yet is looked up, then indexed.
+    const std::uint64_t keyHash = FoldedHash(key);
+    if (const auto at = FindKeyLine(found, key, keyHash)) {
         const std::string_view text = Text(*at);
         const std::size_t equals = text.find('=');
         if (Trim(text.substr(equals + 1)) == escaped)
             return false;
         // The key keeps its spelling (and so its place in the index).
-        std::string line = std::string(Trim(text.substr(0, equals))) + "=" + escaped;
-        const auto length = static_cast<std::uint32_t>(line.size());
-        lines_[*at] = {Own(std::move(line)), 0, length, lines_[*at].ending};
+        const Placed placed = Own({Trim(text.substr(0, equals)), "=", escaped});
+        lines_[*at] = {placed.store, placed.offset, placed.length, lines_[*at].ending};
         return true;
     }
     // A new key goes right after the section's last non-blank line.
@@ -313,16 +459,16 @@ bool IniDocument::Write(std::string_view section, std::string_view key, std::str
     if (lines_[after].ending == Ending::None)
         lines_[after].ending = Ending::CrLf;
     const auto index = static_cast<std::uint32_t>(after + 1);
-    std::string line = std::string(key) + "=" + escaped;
-    const auto length = static_cast<std::uint32_t>(line.size());
-    lines_.insert(lines_.begin() + index, Line{Own(std::move(line)), 0, length, Ending::CrLf});
+    const Placed placed = Own({key, "=", escaped});
+    lines_.insert(lines_.begin() + index,
+                  Line{placed.store, placed.offset, placed.length, Ending::CrLf});
     // Keys are kept relative to their header, so only later headers move.
     ++found.lastLine;
     for (auto s = sections_.begin() + (&found - sections_.data()) + 1; s != sections_.end(); ++s) {
         ++s->header;
         ++s->lastLine;
     }
-    AddKey(found, key, index);
+    AddKey(found, key, index, keyHash);
     return true;
 }
 

@@ -4,7 +4,9 @@
 // views into the file's bytes until they are rewritten, and the indexes are flat tables.
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <functional>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,6 +23,20 @@ public:
     // What a read returns: the stored value or the default, cut to 254 bytes, escapes decoded.
     std::string Read(std::string_view section, std::string_view key,
                      std::string_view defaultValue) const;
+    // What Read on a document of these bytes returns, found by walking the lines once
+    // without building the document: for a few reads near the top of a large file.
+    static std::string ReadOnce(std::string_view bytes, std::string_view section,
+                                std::string_view key, std::string_view defaultValue);
+    // What Read returns for each of keys in one section, in their order; the section is
+    // looked up once (compilers read every faction's value in a section).
+    std::vector<std::string> ReadEach(std::string_view section,
+                                      const std::vector<std::string>& keys,
+                                      std::string_view defaultValue) const;
+    // The same handed to take one by one, without a string for each value that needs no
+    // decoding (the view lasts for the call).
+    void ReadEach(std::string_view section, const std::vector<std::string>& keys,
+                  std::string_view defaultValue,
+                  const std::function<void(std::string_view)>& take) const;
     // What a read returns when the key is stored; nullopt when it is not (one lookup).
     std::optional<std::string> ReadStored(std::string_view section, std::string_view key) const;
     // Stores a value (CR LF escaped here). False when the stored value was equal already.
@@ -44,7 +60,7 @@ public:
 private:
     enum class Ending : std::uint8_t { None, Lf, CrLf };
     struct Line {
-        std::uint32_t store;  // 0: the parsed bytes; n: owned_[n - 1]
+        std::uint32_t store;  // 0: the parsed bytes; n: written_[n - 1]
         std::uint32_t offset; // within the store
         std::uint32_t length; // without the line end
         Ending ending;
@@ -81,8 +97,10 @@ private:
         std::uint32_t header = 0;   // line of the section line
         std::uint32_t lastLine = 0; // last line before the next section line
         std::uint32_t keyCount = 0; // key lines, counted while the section is small
-        bool indexed = false;       // keys is built (a small section is searched line by line)
-        NameIndex keys;             // key -> line offset from the header
+        std::uint32_t nameOffset = 0, nameLength = 0; // the name within its header line
+        bool indexed = false;    // keys is built (a small section is searched line by line)
+        bool repeatsKey = false; // an indexed key appears on more than one line
+        NameIndex keys;          // key -> line offset from the header
     };
 
     std::string_view Text(const Line& line) const;
@@ -91,16 +109,39 @@ private:
     std::string_view KeyOfLine(std::size_t line) const;
     void AddLine(std::uint32_t store, std::size_t offset, std::size_t length, Ending ending);
     const Section* FindSection(std::string_view section) const;
-    std::optional<std::size_t> FindKeyLine(const Section& section, std::string_view key) const;
+    // FindSection for a write, remembering the section for the next write.
+    const Section* SectionToWrite(std::string_view section);
+    // keyHash: FoldedHash(key) when the caller has it already.
+    std::optional<std::size_t> FindKeyLine(const Section& section, std::string_view key,
+                                           std::optional<std::uint64_t> keyHash = {}) const;
+    // FindKeyLine, trying first the line a caller expects the key on.
+    std::optional<std::size_t> FindKeyLineNear(const Section& section, std::string_view key,
+                                               std::size_t expected) const;
+    std::optional<std::string_view> StoredIn(const Section* section, std::string_view key) const;
+    std::string_view StoredOn(std::size_t line) const;
     // Counts a key line added to the section, indexing the section once it is no longer small.
-    void AddKey(Section& section, std::string_view key, std::uint32_t line);
-    std::uint32_t Own(std::string text);
+    void AddKey(Section& section, std::string_view key, std::uint32_t line,
+                std::optional<std::uint64_t> keyHash = {});
+    // Where a written line's bytes went: its store, its offset there and its length.
+    struct Placed {
+        std::uint32_t store;
+        std::uint32_t offset;
+        std::uint32_t length;
+    };
+    // Copies a written line, given in pieces, into the current chunk of written_.
+    Placed Own(std::initializer_list<std::string_view> pieces);
+    void AddOwnedLine(std::initializer_list<std::string_view> pieces, Ending ending);
 
     std::string bytes_;
-    std::vector<std::string> owned_;
+    // Written lines, packed into chunks that are never grown past their reserved size, so
+    // that views into them stay valid while later lines are written (and an import of
+    // hundreds of thousands of keys does not allocate a string for each).
+    std::deque<std::string> written_; // a deque: adding a chunk moves none of the others
     std::vector<Line> lines_;
     std::vector<Section> sections_;
     NameIndex sectionIndex_; // section name -> number of its first occurrence
+    static constexpr std::uint32_t NoSection = 0xFFFFFFFFu;
+    std::uint32_t lastWritten_ = NoSection; // the section the last write found
 };
 
 namespace ini {

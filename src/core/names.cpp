@@ -32,26 +32,6 @@ std::string Folded(std::string_view name) {
     return out;
 }
 
-const std::array<unsigned char, 256>& FoldTable() {
-    static const std::array<unsigned char, 256> table = [] {
-        std::array<unsigned char, 256> t{};
-        for (int c = 0; c < 256; ++c)
-            t[static_cast<std::size_t>(c)] = FoldByte(static_cast<unsigned char>(c));
-        return t;
-    }();
-    return table;
-}
-
-bool EqualIgnoringCase(std::string_view a, std::string_view b) {
-    if (a.size() != b.size())
-        return false;
-    const auto& fold = FoldTable();
-    for (std::size_t i = 0; i < a.size(); ++i)
-        if (fold[static_cast<unsigned char>(a[i])] != fold[static_cast<unsigned char>(b[i])])
-            return false;
-    return true;
-}
-
 std::optional<std::string> Refusal(std::string_view name) {
     const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
     if (name.empty() || std::all_of(name.begin(), name.end(), isBlank))

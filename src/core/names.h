@@ -2,6 +2,7 @@
 // Project names and faction nicknames become file-name parts and INI section names;
 // this is the one rule that decides which are acceptable, and the order they sort in.
 #include <array>
+#include <cstddef>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -31,9 +32,28 @@ void SortIgnoringCase(std::vector<std::string>& names);
 // A byte's small letter: ASCII and the Windows-1252 letters that have a case pair.
 unsigned char FoldByte(unsigned char byte);
 // FoldByte of every byte, for loops that fold much text.
-const std::array<unsigned char, 256>& FoldTable();
+inline const std::array<unsigned char, 256>& FoldTable() {
+    static const std::array<unsigned char, 256> table = [] {
+        std::array<unsigned char, 256> t{};
+        for (int c = 0; c < 256; ++c)
+            t[static_cast<std::size_t>(c)] = FoldByte(static_cast<unsigned char>(c));
+        return t;
+    }();
+    return table;
+}
 std::string Folded(std::string_view name);
-// Equality of names without regard to case (ASCII and the Windows-1252 letter pairs).
-bool EqualIgnoringCase(std::string_view a, std::string_view b);
+// Equality of names without regard to case (ASCII and the Windows-1252 letter pairs). Inline:
+// the INI engine compares names in its innermost loops.
+inline bool EqualIgnoringCase(std::string_view a, std::string_view b) {
+    if (a.size() != b.size())
+        return false;
+    if (a == b)
+        return true; // names are mostly spelled alike: one byte comparison settles it
+    const auto& fold = FoldTable();
+    for (std::size_t i = 0; i < a.size(); ++i)
+        if (fold[static_cast<unsigned char>(a[i])] != fold[static_cast<unsigned char>(b[i])])
+            return false;
+    return true;
+}
 
 } // namespace names

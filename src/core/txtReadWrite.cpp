@@ -74,8 +74,13 @@ IniCache& Cache() {
     return cache;
 }
 
-std::string IniFile(const std::string& file) {
-    return file.empty() ? GetDefaultIniPath() : file;
+// The file given, or the default settings file for an empty name. A reference, not a copy:
+// batches call this for each of hundreds of thousands of values.
+const std::string& IniFile(const std::string& file) {
+    if (!file.empty())
+        return file;
+    GetDefaultIniPath(); // fills the cache
+    return DefaultIniPathCache();
 }
 
 } // namespace
@@ -111,6 +116,10 @@ std::shared_ptr<const IniDocument> ReadIniDocument(const std::string& file) {
         static const auto missing = std::make_shared<const IniDocument>();
         return missing;
     }
+}
+
+IniDocument ParseIniFile(const std::string& file) {
+    return IniDocument(platform::ReadBytes(IniFile(file)).value_or(""));
 }
 
 std::string ReadIni(std::string_view section, std::string_view key, std::string_view defaultValue,
@@ -223,7 +232,7 @@ std::string Transaction::ReadIni(std::string_view section, std::string_view key,
 
 void Transaction::WriteIni(std::string_view section, std::string_view key, std::string_view value,
                            const std::string& file) {
-    const std::string path = IniFile(file);
+    const std::string& path = IniFile(file);
     Pending& slot = Slot(path);
     if (!slot.isIni) {
         try {

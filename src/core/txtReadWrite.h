@@ -40,6 +40,11 @@ std::shared_ptr<const IniDocument> LoadIni(const std::string& file);
 // The same for reading only: an unreadable file reads like a missing one, as ReadIni does.
 std::shared_ptr<const IniDocument> ReadIniDocument(const std::string& file);
 
+// The parsed document of a file (empty when missing), read past the cache and not kept
+// there: for the hundreds of small files a compile reads once each, which would otherwise
+// push the large documents out of the cache.
+IniDocument ParseIniFile(const std::string& file);
+
 std::string ReadFileText(const std::string& path);
 void WriteFileText(const std::string& path, std::string_view text);  // adds CR LF
 void AppendFileText(const std::string& path, std::string_view text); // adds CR LF

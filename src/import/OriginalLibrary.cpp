@@ -136,10 +136,11 @@ OriginalFactionProps ParseOriginalFactionProps(std::string_view text, const std:
 
 OriginalInitialWorld ParseOriginalInitialWorld(std::string_view text, const std::string& path) {
     OriginalInitialWorld world;
-    const IniDocument document(text);
-    world.idsName = document.Read("Group", "ids_name", "");
-    world.idsInfo = document.Read("Group", "ids_info", "");
-    world.idsShortName = document.Read("Group", "ids_short_name", "");
+    // The file holds a line for every faction: indexing them all for three reads at its top
+    // would cost more than the rest of the import of the entry.
+    world.idsName = IniDocument::ReadOnce(text, "Group", "ids_name", "");
+    world.idsInfo = IniDocument::ReadOnce(text, "Group", "ids_info", "");
+    world.idsShortName = IniDocument::ReadOnce(text, "Group", "ids_short_name", "");
     const auto lines = txtReadWrite::SplitLines(text);
     world.reputations.reserve(lines.size()); // most lines are reputations
     long number = 0;

@@ -24,12 +24,7 @@ void WriteIds(const std::string& file, std::string_view faction, std::string_vie
 
 std::vector<std::string> ReadReputations(const std::string& file, std::string_view faction,
                                          const std::vector<std::string>& rows) {
-    const auto document = txtReadWrite::ReadIniDocument(file);
-    std::vector<std::string> values;
-    values.reserve(rows.size());
-    for (const std::string& row : rows)
-        values.push_back(document->Read(faction, row, ""));
-    return values;
+    return txtReadWrite::ReadIniDocument(file)->ReadEach(faction, rows, "");
 }
 
 void WriteReputation(const std::string& file, std::string_view faction, std::string_view other,

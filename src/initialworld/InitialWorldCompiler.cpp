@@ -54,17 +54,15 @@ std::string CompiledText(const IniDocument& data, const std::vector<std::string>
         text += CrLf;
         at.innerDone = 0;
         progress::Tell(report, at);
-        for (std::size_t j = 0; j < rows.size(); ++j) {
+        std::size_t j = 0;
+        data.ReadEach(faction, rows, "0.0", [&](std::string_view value) {
             if (report) {
                 at.innerDone = j + 1;
                 report(at);
             }
-            text += "rep = ";
-            text += data.Read(faction, rows[j], "0.0");
-            text += ", ";
-            text += rows[j];
-            text += CrLf;
-        }
+            text.append("rep = ").append(value).append(", ").append(rows[j]).append(CrLf);
+            ++j;
+        });
         text += CrLf;
         at.outerDone = i + 1;
         progress::Tell(report, at);

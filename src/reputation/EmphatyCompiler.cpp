@@ -54,12 +54,11 @@ std::string EmphatyText(const std::string& projectFolder, const std::vector<std:
         AppendLine(out, "group = ", g);
         for (std::size_t e = 0; e < EventKeys.size(); ++e)
             AppendLine(out, EventPrefixes[e], events->Read(g, EventKeys[e], DefaultValue));
-        const auto rates = txtReadWrite::LoadIni(EmpathyFile(projectFolder, g));
+        const IniDocument rates = txtReadWrite::ParseIniFile(EmpathyFile(projectFolder, g));
         for (std::size_t j = 0; j < rows.size(); ++j) {
             const std::string& row = rows[j];
             if (row != g)
-                AppendLine(out, "emphaty_rate = ", row, ", ",
-                           rates->Read(row, "rep", DefaultValue));
+                AppendLine(out, "emphaty_rate = ", row, ", ", rates.Read(row, "rep", DefaultValue));
             if (report) {
                 at.innerDone = j + 1;
                 report(at);

@@ -118,3 +118,61 @@ TEST(IniDocument, ValuesAreTheLinesAReadCanReach) {
     });
     EXPECT_EQ(seen, "a|x|1|3\nb|y|2|7\nb|w|new|8\n");
 }
+
+TEST(IniDocument, ReadEachAndReadOnceReturnWhatReadReturns) {
+    // Sections past the indexed size, one where a key repeats (the first counts) and one
+    // where none does; a second section of the same name that no read reaches.
+    std::string text = "x=top\r\n[r]\r\n";
+    for (int i = 0; i < 12; ++i)
+        text += "k" + std::to_string(i) + " = r" + std::to_string(i) + "\r\n";
+    text += "K3=repeat\r\n[u]\r\n";
+    for (int i = 0; i < 12; ++i)
+        text += "k" + std::to_string(i) + "=u" + std::to_string(i) + "/20&\\\r\n";
+    text += "[R]\r\nk12=unreachable\r\n";
+    IniDocument doc(text);
+    doc.Write("u", "k12", "written");
+    std::vector<std::string> keys = {"k0", "K3", "k4", "k4", "k12", "x", "k11", "k10"};
+    for (int i = 0; i < 12; ++i)
+        keys.push_back("k" + std::to_string(i));
+    for (const char* section : {"r", "U", "missing"}) {
+        const auto values = doc.ReadEach(section, keys, "d");
+        ASSERT_EQ(values.size(), keys.size());
+        for (std::size_t i = 0; i < keys.size(); ++i) {
+            EXPECT_EQ(values[i], doc.Read(section, keys[i], "d")) << section << " " << keys[i];
+            EXPECT_EQ(IniDocument::ReadOnce(doc.Bytes(), section, keys[i], "d"), values[i])
+                << section << " " << keys[i];
+        }
+    }
+    EXPECT_EQ(doc.Read("r", "k3", ""), "r3");
+    EXPECT_EQ(doc.Read("u", "k1", ""), "u1\r\n");
+    EXPECT_EQ(IniDocument::ReadOnce(text, "", "x", "d"), "d"); // before any section
+}
+
+TEST(IniDocument, CopiesKeepWrittenLinesApartAndWritable) {
+    IniDocument doc;
+    for (int i = 0; i < 3000; ++i) // more written bytes than one block holds
+        doc.Write("s" + std::to_string(i % 7), "key" + std::to_string(i), std::string(30, 'v'));
+    IniDocument copy(doc);
+    doc.Write("s0", "key0", "changed");
+    copy.Write("s1", "new", "only in the copy");
+    EXPECT_EQ(doc.Read("s0", "key0", ""), "changed");
+    EXPECT_EQ(copy.Read("s0", "key0", ""), std::string(30, 'v'));
+    EXPECT_EQ(copy.Read("s1", "new", ""), "only in the copy");
+    EXPECT_EQ(doc.Read("s1", "new", "-"), "-");
+    EXPECT_EQ(IniDocument(copy.Bytes()).Read("s2", "key2998", ""), std::string(30, 'v'));
+    EXPECT_EQ(IniDocument(doc.Bytes()).Bytes(), doc.Bytes());
+}
+
+TEST(IniDocument, WritesInARowFindTheFirstSectionOfTheName) {
+    // "a]b" adds a section whose header reads as "a": later writes to "a" still go to the
+    // first "[a]", as a fresh document's would.
+    IniDocument doc("[a]\r\nx=1\r\n");
+    doc.Write("a]b", "y", "2");
+    doc.Write("A", "z", "3");
+    doc.Write("a", "x", "4");
+    EXPECT_EQ(doc.Bytes(), "[a]\r\nx=4\r\nz=3\r\n[a]b]\r\ny=2\r\n");
+    IniDocument fresh(doc.Bytes());
+    fresh.Write("a", "w", "5");
+    doc.Write("a", "w", "5");
+    EXPECT_EQ(doc.Bytes(), fresh.Bytes());
+}
