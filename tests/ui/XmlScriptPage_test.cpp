@@ -1,5 +1,6 @@
 // The script page driven through its real controls: the texts it builds, the header
 // frame's slide, copy and save.
+#include "support/Controls.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempFolder.h"
 #include "ui/Twips.h"
@@ -28,10 +29,7 @@ const QString kDefaultHeaderScript = "<script>\r\n"
                                      "</header>\r\n\r\n\r\n</script>";
 
 template <typename T> T* Child(QWidget& page, const char* name) {
-    T* child = page.findChild<T*>(name);
-    if (!child)
-        qFatal("no control %s", name);
-    return child;
+    return Control<T>(&page, name);
 }
 
 void Press(VantelButton* button) {

@@ -19,12 +19,6 @@ class frmCheckTest : public QObject, protected MainWindowFixture {
     Q_OBJECT
 
 private:
-    template <class T> T* In(QWidget* in, const char* name) {
-        T* widget = in->findChild<T*>(QString::fromLatin1(name));
-        if (!widget)
-            qFatal("no control %s", name);
-        return widget;
-    }
     void Write(const std::string& piece, std::string_view bytes) {
         TempFolder::Write((*folder) / ("projects/P/" + piece), bytes);
     }
@@ -85,7 +79,7 @@ private slots:
         frmCheck* findings = RunCheck();
         QVERIFY(findings && findings->isVisible());
         QCOMPARE(findings->windowTitle(), QString("P"));
-        QCOMPARE(In<QCheckBox>(findings, "chkCheckNotes")->text(), QString("Hinweise"));
+        QCOMPARE(Control<QCheckBox>(findings, "chkCheckNotes")->text(), QString("Hinweise"));
         QCOMPARE(Headings(findings),
                  QStringList({"Schwere", "Fraktion", "Datei", "Stelle", "Gespeichert", "Befund"}));
         const QStringList rows = Rows(findings);
@@ -94,10 +88,10 @@ private slots:
         QVERIFY(rows.contains("warning|a_grp|line 1"));
         QVERIFY(rows.back().startsWith("warning|"));
 
-        In<QCheckBox>(findings, "chkCheckWarnings")->setChecked(false);
+        Control<QCheckBox>(findings, "chkCheckWarnings")->setChecked(false);
         QCOMPARE(Rows(findings), QStringList{"error|b_grp|[b_grp] o_d"});
-        In<QCheckBox>(findings, "chkCheckWarnings")->setChecked(true);
-        In<QCheckBox>(findings, "chkCheckErrors")->setChecked(false);
+        Control<QCheckBox>(findings, "chkCheckWarnings")->setChecked(true);
+        Control<QCheckBox>(findings, "chkCheckErrors")->setChecked(false);
         QCOMPARE(Rows(findings).size(), rows.size() - 1);
 
         auto* table = findings->findChild<QTreeWidget*>(QStringLiteral("lvFindings"));
@@ -110,8 +104,8 @@ private slots:
         emit Get<VantelButton>("VantelButton2")->Click();
         frmCheck* again = RunCheck();
         QVERIFY(again != nullptr);
-        QCOMPARE(In<QCheckBox>(again, "chkCheckNotes")->text(), QString("Notes"));
-        QCOMPARE(In<QLabel>(again, "lblCheckHint")->text(),
+        QCOMPARE(Control<QCheckBox>(again, "chkCheckNotes")->text(), QString("Notes"));
+        QCOMPARE(Control<QLabel>(again, "lblCheckHint")->text(),
                  QString("Double-click opens the page of the faction."));
         QCOMPARE(Headings(again),
                  QStringList({"Severity", "Faction", "File", "Where", "Stored", "Message"}));

@@ -4,6 +4,7 @@
 #include "support/TempFolder.h"
 #include "ui/Session.h"
 #include "ui/frmMain.h"
+#include "ui/support/Controls.h"
 #include "ui/support/ScriptedDialogs.h"
 
 #include <QString>
@@ -27,12 +28,7 @@ protected:
         session.reset();
         folder.reset();
     }
-    template <class T> T* Get(const char* name) {
-        T* widget = window->findChild<T*>(QString::fromLatin1(name));
-        if (!widget)
-            qFatal("no control %s", name);
-        return widget;
-    }
+    template <class T> T* Get(const char* name) { return Control<T>(window.get(), name); }
 
     std::unique_ptr<TempFolder> folder;
     std::unique_ptr<Session> session;

@@ -4,6 +4,7 @@
 #include "core/modFunctions.h"
 #include "support/TempFolder.h"
 #include "ui/Session.h"
+#include "ui/support/Controls.h"
 #include "ui/support/ScriptedDialogs.h"
 
 #include <QString>
@@ -30,12 +31,7 @@ protected:
         session.reset();
         folder.reset();
     }
-    template <class T> T* Get(const char* name) {
-        T* widget = page->template findChild<T*>(QString::fromLatin1(name));
-        if (!widget)
-            qFatal("no control %s", name);
-        return widget;
-    }
+    template <class T> T* Get(const char* name) { return Control<T>(page.get(), name); }
 
     std::unique_ptr<TempFolder> folder;
     std::unique_ptr<Session> session;

@@ -1,9 +1,9 @@
 #pragma once
 // Answers the modal questions of a test from a queue and records every message shown.
+#include "ui/Dialogs.h"
+
 #include <QStringList>
 #include <deque>
-
-#include "ui/Dialogs.h"
 
 class ScriptedDialogs : public Dialogs {
 public:
@@ -21,7 +21,8 @@ public:
     // Queue the next answers of InputBox; "" stands for Cancel.
     void Answer(const QString& text) { answers_.push_back(text); }
 
-    QString InputBox(const QString& prompt, const QString& title, const QString& defaultText) override {
+    QString InputBox(const QString& prompt, const QString& title,
+                     const QString& defaultText) override {
         asked.push_back({prompt, title, defaultText});
         if (answers_.empty())
             return {};
