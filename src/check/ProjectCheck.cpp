@@ -210,15 +210,21 @@ private:
 
     std::string Path(std::string_view file) const { return folder_ + "\\" + std::string(file); }
 
-    // The parsed file, or null when it is missing; an unreadable file is a finding.
-    std::unique_ptr<IniDocument> Load(Store store, std::string_view file) {
+    // The file's bytes, or nullopt when it is missing; an unreadable file is a finding.
+    std::optional<std::string> Read(Store store, std::string_view faction, std::string_view file) {
         try {
-            if (auto bytes = platform::ReadBytes(Path(file)))
-                return std::make_unique<IniDocument>(*bytes);
+            return platform::ReadBytes(Path(file));
         } catch (const std::exception& error) {
-            Add(Severity::Error, store, {}, file, {}, {},
+            Add(Severity::Error, store, faction, file, {}, {},
                 "The file cannot be read: " + std::string(error.what()) + ".");
         }
+        return std::nullopt;
+    }
+
+    // The parsed file, or null when it is missing or unreadable.
+    std::unique_ptr<IniDocument> Load(Store store, std::string_view file) {
+        if (auto bytes = Read(store, {}, file))
+            return std::make_unique<IniDocument>(*bytes);
         return nullptr;
     }
 
@@ -241,7 +247,6 @@ private:
             return std::nullopt;
         return found->second;
     }
-    bool Registered(std::string_view nickname) const { return IndexOf(nickname).has_value(); }
 
     // The stores list factions mostly in registry order (the importers and the editor's
     // whole-column writes keep it), so a run of lookups tries the faction after the one found
@@ -277,8 +282,8 @@ private:
             Add(Severity::Warning, store, faction, file, Where(value.section, value.key),
                 value.stored,
                 "The value is " + std::to_string(value.stored.size()) +
-                    " bytes long; reads stop after 254 bytes, so the rest never reaches the "
-                    "compiled file.");
+                    " bytes long; reads stop after " + std::to_string(ini::MaxReadBytes) +
+                    " bytes, so the rest never reaches the compiled file.");
     }
 
     void CheckNumber(Store store, std::string_view faction, std::string_view file,
@@ -310,16 +315,11 @@ private:
     }
 
     void CheckRegistry() {
-        const auto document = Load(Store::Registry, RegistryFile);
-        if (!document)
+        const auto bytes = Read(Store::Registry, {}, RegistryFile);
+        if (!bytes)
             return;
-        std::vector<modFunctions::RegistryEntry> entries;
-        try {
-            entries = modFunctions::LoadRegistry(Path(RegistryFile));
-        } catch (const std::exception&) {
-            return; // gone between the two reads: as if missing
-        }
-        for (const auto& entry : entries) {
+        const IniDocument document(*bytes);
+        for (const auto& entry : modFunctions::ParseRegistry(*bytes, document)) {
             const std::string& nick = entry.nickname;
             if (const auto reason = names::Refusal(nick)) {
                 Add(Severity::Error, Store::Registry, nick, RegistryFile, Where(nick), {},
@@ -339,7 +339,7 @@ private:
             index_.emplace(names::Folded(nick), factions_.size());
             factions_.push_back(nick);
             if (names::EqualIgnoringCase(entry.group, MissingGroup)) {
-                const auto stored = document->Stored(nick, "grp");
+                const auto stored = document.Stored(nick, "grp");
                 Add(Severity::Warning, Store::Registry, nick, RegistryFile, Where(nick, "grp"),
                     stored.value_or(""),
                     stored ? "The group is the placeholder " + Quoted(*stored) +
@@ -347,7 +347,7 @@ private:
                            : std::string("The faction has no group; it is listed as \"[ERROR]\"."));
             }
         }
-        document->ForEachValue([&](const IniDocument::Value& value) {
+        document.ForEachValue([&](const IniDocument::Value& value) {
             CheckText(Store::Registry, value.section, RegistryFile, value);
         });
     }
@@ -530,13 +530,7 @@ private:
     }
 
     void CheckListLines(const ListKind& kind, std::string_view faction, std::string_view file) {
-        std::optional<std::string> bytes;
-        try {
-            bytes = platform::ReadBytes(Path(file));
-        } catch (const std::exception& error) {
-            Add(Severity::Error, Store::FactionProps, faction, file, {}, {},
-                "The file cannot be read: " + std::string(error.what()) + ".");
-        }
+        const auto bytes = Read(Store::FactionProps, faction, file);
         if (!bytes)
             return;
         const auto lines = txtReadWrite::SplitLines(*bytes);
@@ -587,7 +581,7 @@ private:
                 if (!nick)
                     continue;
                 const std::string file = std::string(ListFolder) + "\\" + name;
-                if (Registered(*nick))
+                if (IndexOf(*nick))
                     CheckListLines(kind, *nick, file);
                 else
                     Add(Severity::Warning, Store::FactionProps, *nick, file, {}, {},

@@ -12,7 +12,7 @@ int RunCutLibrary(const Arguments& args, Context& context) {
         if (i + 1 >= args.size())
             return UsageError(command, context, "\"" + args[i] + "\" needs a value");
         // A path is used as the system spells it.
-        const std::optional<std::string> path = args[i + 1];
+        const std::string& path = args[i + 1];
         if (args[i] == "--into")
             into = path;
         else if (args[i] == "--emphaty")

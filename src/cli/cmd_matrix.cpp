@@ -1,6 +1,5 @@
 #include "cli/Command.h"
 #include "core/modFunctions.h"
-#include "core/names.h"
 #include "core/win1252.h"
 #include "matrix/ReputationMatrix.h"
 
@@ -24,17 +23,12 @@ int RunMatrix(const Arguments& args, Context& context) {
     const auto project = ExistingProject(context, positional[0]);
     if (!project)
         return Failed;
-    const auto factions =
+    auto usable =
         modFunctions::RegistryNicknames(modFunctions::RegistryPath(context.appDir, *project));
     // Nicknames become file names: the window leaves refused ones out, so does this.
-    std::vector<std::string> usable;
-    for (const std::string& nickname : factions) {
-        if (const auto reason = names::Refusal(nickname))
-            context.err << "orrindel-cli matrix: left out \"" << win1252::ToUtf8(nickname)
-                        << "\": " << *reason << "\n";
-        else
-            usable.push_back(nickname);
-    }
+    for (const auto& [nickname, reason] : modFunctions::LeaveOutRefused(usable))
+        context.err << "orrindel-cli matrix: left out \"" << win1252::ToUtf8(nickname)
+                    << "\": " << reason << "\n";
     const auto loaded =
         matrix::Load(*store, modFunctions::ProjectPath(context.appDir, *project), usable);
     std::vector<std::size_t> all(usable.size());

@@ -128,9 +128,12 @@ std::vector<RegistryEntry> LoadRegistry(const std::string& registryPath) {
     const auto bytes = platform::ReadBytes(registryPath);
     if (!bytes)
         throw platform::FileError(registryPath, "the faction registry does not exist");
-    const IniDocument document(*bytes);
+    return ParseRegistry(*bytes, IniDocument(*bytes));
+}
+
+std::vector<RegistryEntry> ParseRegistry(std::string_view bytes, const IniDocument& document) {
     std::vector<RegistryEntry> entries;
-    for (const std::string_view line : txtReadWrite::SplitLines(*bytes)) {
+    for (const std::string_view line : txtReadWrite::SplitLines(bytes)) {
         if (!IsRegistrySectionLine(line))
             continue;
         std::string nickname = WithoutBrackets(line);
@@ -148,6 +151,30 @@ std::vector<std::string> RegistryNicknames(const std::string& registryPath) {
         if (IsRegistrySectionLine(line))
             out.push_back(WithoutBrackets(line));
     return out;
+}
+
+namespace {
+
+template <class Entry, class NicknameOf>
+std::vector<RefusedNickname> LeaveOut(std::vector<Entry>& entries, const NicknameOf& nicknameOf) {
+    std::vector<RefusedNickname> refused;
+    std::erase_if(entries, [&](const Entry& entry) {
+        auto reason = names::Refusal(nicknameOf(entry));
+        if (reason)
+            refused.push_back({nicknameOf(entry), std::move(*reason)});
+        return reason.has_value();
+    });
+    return refused;
+}
+
+} // namespace
+
+std::vector<RefusedNickname> LeaveOutRefused(std::vector<RegistryEntry>& entries) {
+    return LeaveOut(entries, [](const RegistryEntry& entry) { return entry.nickname; });
+}
+
+std::vector<RefusedNickname> LeaveOutRefused(std::vector<std::string>& nicknames) {
+    return LeaveOut(nicknames, [](const std::string& nickname) { return nickname; });
 }
 
 std::string SaveFaction(std::string_view appDir, std::string_view project,

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+class IniDocument;
+
 namespace modFunctions {
 
 // Why a name on disk is left out of a listing.
@@ -54,8 +56,20 @@ struct RegistryEntry {
 // nickname is the line with every bracket removed. Throws platform::FileError when the
 // registry cannot be read (missing).
 std::vector<RegistryEntry> LoadRegistry(const std::string& registryPath);
+// The same from the registry's bytes and their parsed document, for a caller that has both.
+std::vector<RegistryEntry> ParseRegistry(std::string_view bytes, const IniDocument& document);
 // Just the nicknames in file order; empty when the registry is missing.
 std::vector<std::string> RegistryNicknames(const std::string& registryPath);
+
+// A registered nickname that the name rule refuses, and why. Such a name (edited by hand into
+// the registry) must never become part of a path, so callers leave it out and say so.
+struct RefusedNickname {
+    std::string nickname;
+    std::string reason;
+};
+// Takes the refused names out, keeping the order of the rest, and returns them.
+std::vector<RefusedNickname> LeaveOutRefused(std::vector<RegistryEntry>& entries);
+std::vector<RefusedNickname> LeaveOutRefused(std::vector<std::string>& nicknames);
 
 // The New/Save action: WriteIni(nick, "grp", group). Returns the group stored: the
 // nickname when the description is blank. Nothing happens (returns "") for a blank nickname.

@@ -1,7 +1,6 @@
 #include "ui/RegistryPanel.h"
 
 #include "core/modFunctions.h"
-#include "core/names.h"
 #include "ui/Dialogs.h"
 #include "ui/ImportActions.h"
 #include "ui/PanelParts.h"
@@ -145,12 +144,8 @@ void RegistryPanel::LoadFactionRegistry() {
         std::vector<modFunctions::RegistryEntry> entries = modFunctions::LoadRegistry(registry);
         // A name edited by hand into something unusable must never become part of a path.
         QStringList refused;
-        std::erase_if(entries, [&refused](const modFunctions::RegistryEntry& entry) {
-            const auto reason = names::Refusal(entry.nickname);
-            if (reason)
-                refused << text::ToQt(entry.nickname) + QStringLiteral(": ") + text::ToQt(*reason);
-            return reason.has_value();
-        });
+        for (const auto& [nickname, reason] : modFunctions::LeaveOutRefused(entries))
+            refused << text::ToQt(nickname) + QStringLiteral(": ") + text::ToQt(reason);
         if (!refused.isEmpty())
             dialogs.ShowError(
                 QStringLiteral("The faction registry %1 lists names that cannot be "
