@@ -33,7 +33,6 @@ constexpr std::string_view WorldFile = "initialworld\\grp.ini";
 constexpr std::string_view EmpathyPrefix = "reps_";
 constexpr std::string_view EmpathySuffix = ".facts";
 constexpr std::string_view ListSuffix = ".lst";
-constexpr std::string_view RateKey = "rep";
 constexpr std::string_view MissingGroup = "[ERROR]";
 
 std::string Quoted(std::string_view text) {
@@ -420,7 +419,7 @@ private:
             Lookup last;
             document->ForEachValue([&](const IniDocument::Value& value) {
                 CheckText(Store::Reputation, *nick, file, value);
-                if (!names::EqualIgnoringCase(value.key, RateKey))
+                if (!names::EqualIgnoringCase(value.key, reputation::RateKey))
                     return;
                 const auto to = Find(last, value.section);
                 if (!to) {
@@ -443,7 +442,7 @@ private:
                        [&](std::size_t lacking, std::size_t other, std::string_view value) {
                            const std::string& faction = factions_[lacking];
                            Add(Severity::Note, Store::Reputation, faction, EmpathyFileOf(faction),
-                               Where(factions_[other], RateKey), {},
+                               Where(factions_[other], reputation::RateKey), {},
                                "The faction has no rate toward " + Quoted(factions_[other]) +
                                    ", so it compiles as \"0.0\", while the rate back is " +
                                    Quoted(value) + ".");

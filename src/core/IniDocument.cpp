@@ -34,9 +34,6 @@ std::string EscapeLineBreaks(std::string_view value) {
 std::string UnescapeLineBreaks(std::string_view stored) {
     return ReplaceAll(stored, LineBreakEscape, "\r\n");
 }
-std::string Fold(std::string_view name) {
-    return names::Folded(name);
-}
 
 } // namespace ini
 

@@ -149,6 +149,4 @@ inline constexpr std::size_t MaxReadBytes = 254;
 inline constexpr std::string_view LineBreakEscape = "/20&\\";
 std::string EscapeLineBreaks(std::string_view value);
 std::string UnescapeLineBreaks(std::string_view stored);
-// Case folding used for section and key names (ASCII and Windows-1252 letter pairs).
-std::string Fold(std::string_view name);
 } // namespace ini

@@ -35,7 +35,6 @@ public:
         bool listed;      // the last component exists in its folder
     };
     Found Find(std::string_view path);
-    std::string Resolve(std::string_view path) { return Find(path).path; }
 
 private:
     struct Listing {

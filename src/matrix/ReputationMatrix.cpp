@@ -1,6 +1,7 @@
 #include "matrix/ReputationMatrix.h"
 
 #include "core/IniDocument.h"
+#include "core/names.h"
 #include "core/txtReadWrite.h"
 #include "core/win1252.h"
 #include "initialworld/InitialWorld.h"
@@ -12,7 +13,6 @@
 namespace matrix {
 namespace {
 
-constexpr std::string_view RateKey = "rep";
 
 void Put(Matrix& matrix, std::size_t row, std::size_t column, std::optional<std::string> entry) {
     if (entry)
@@ -74,13 +74,6 @@ Matrix::Matrix(std::vector<std::string> factions)
     : factions_(std::move(factions)), values_(factions_.size() * factions_.size()),
       stored_(values_.size(), 0) {}
 
-std::optional<std::size_t> Matrix::IndexOf(std::string_view faction) const {
-    for (std::size_t i = 0; i < factions_.size(); ++i)
-        if (factions_[i] == faction)
-            return i;
-    return std::nullopt;
-}
-
 void Matrix::Set(std::size_t row, std::size_t column, std::string value) {
     const std::size_t at = row * Size() + column;
     values_.at(at) = std::move(value);
@@ -95,7 +88,7 @@ Matrix Load(Store store, std::string_view projectFolder, const std::vector<std::
             const auto rates = txtReadWrite::ReadIniDocument(
                 reputation::EmpathyFile(projectFolder, factions[row]));
             for (std::size_t column = 0; column < n; ++column)
-                Put(matrix, row, column, rates->ReadStored(factions[column], RateKey));
+                Put(matrix, row, column, rates->ReadStored(factions[column], reputation::RateKey));
         }
     } else {
         const auto world = txtReadWrite::ReadIniDocument(initialworld::DataFile(projectFolder));
@@ -121,11 +114,11 @@ void Edit(Store store, std::string_view projectFolder, Matrix& matrix, std::size
         // Every entry of g's file is stored now; read back what the file holds.
         const auto rates = txtReadWrite::ReadIniDocument(file);
         for (std::size_t c = 0; c < factions.size(); ++c)
-            Put(matrix, row, c, rates->ReadStored(factions[c], RateKey));
+            Put(matrix, row, c, rates->ReadStored(factions[c], reputation::RateKey));
         if (mirror)
             Put(matrix, column, row,
                 txtReadWrite::ReadIniDocument(reputation::EmpathyFile(projectFolder, s))
-                    ->ReadStored(g, RateKey));
+                    ->ReadStored(g, reputation::RateKey));
         return;
     }
     const std::string file = initialworld::DataFile(projectFolder);
@@ -161,12 +154,12 @@ bool Differ(const Matrix& matrix, std::size_t row, std::size_t column) {
 std::vector<std::size_t> Filter(const std::vector<std::string>& nicknames,
                                 const std::vector<std::string>& groups, std::string_view group,
                                 std::string_view text) {
-    const std::string folded = ini::Fold(text);
+    const std::string folded = names::Folded(text);
     std::vector<std::size_t> shown;
     for (std::size_t i = 0; i < nicknames.size(); ++i) {
         if (!group.empty() && (i >= groups.size() || groups[i] != group))
             continue;
-        if (!folded.empty() && ini::Fold(nicknames[i]).find(folded) == std::string::npos)
+        if (!folded.empty() && names::Folded(nicknames[i]).find(folded) == std::string::npos)
             continue;
         shown.push_back(i);
     }

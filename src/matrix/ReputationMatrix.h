@@ -25,7 +25,6 @@ public:
 
     std::size_t Size() const { return factions_.size(); }
     const std::vector<std::string>& Factions() const { return factions_; }
-    std::optional<std::size_t> IndexOf(std::string_view faction) const;
 
     // What a read of the entry returns (line-break escapes decoded); "" when not stored.
     const std::string& Value(std::size_t row, std::size_t column) const {

@@ -58,7 +58,7 @@ std::string EmphatyText(const std::string& projectFolder, const std::vector<std:
         for (std::size_t j = 0; j < rows.size(); ++j) {
             const std::string& row = rows[j];
             if (row != g)
-                AppendLine(out, "emphaty_rate = ", row, ", ", rates.Read(row, "rep", DefaultValue));
+                AppendLine(out, "emphaty_rate = ", row, ", ", rates.Read(row, RateKey, DefaultValue));
             if (report) {
                 at.innerDone = j + 1;
                 report(at);

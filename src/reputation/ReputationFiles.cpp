@@ -6,21 +6,17 @@
 #include <stdexcept>
 
 namespace reputation {
-namespace {
-constexpr std::string_view RateKey = "rep";
-} // namespace
-
-std::string EventFile(std::string_view projectFolder) {
-    return std::string(projectFolder) + "\\emphaty\\new\\grp.ini";
-}
-
-std::string EmpathyFile(std::string_view projectFolder, std::string_view nickname) {
-    return std::string(projectFolder) + "\\emphaty\\new\\reps_" + platform::DiskName(nickname) +
-           ".facts";
-}
 
 std::string DataFolder(std::string_view projectFolder) {
     return std::string(projectFolder) + "\\emphaty\\new";
+}
+
+std::string EventFile(std::string_view projectFolder) {
+    return DataFolder(projectFolder) + "\\grp.ini";
+}
+
+std::string EmpathyFile(std::string_view projectFolder, std::string_view nickname) {
+    return DataFolder(projectFolder) + "\\reps_" + platform::DiskName(nickname) + ".facts";
 }
 
 std::string CompiledFile(std::string_view projectFolder) {

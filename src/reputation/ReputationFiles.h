@@ -9,6 +9,8 @@
 namespace reputation {
 
 inline constexpr std::string_view DefaultValue = "0.0";
+// The key of a rate in an empathy file, under the section of the faction it is toward.
+inline constexpr std::string_view RateKey = "rep";
 
 // The keys of the four event values, in the order of Combo1..Combo4.
 inline constexpr std::array<std::string_view, 4> EventKeys = {"o_d", "r_m_s", "r_m_f", "r_m_a"};
