@@ -13,7 +13,6 @@
 namespace matrix {
 namespace {
 
-
 void Put(Matrix& matrix, std::size_t row, std::size_t column, std::optional<std::string> entry) {
     if (entry)
         matrix.Set(row, column, std::move(*entry));

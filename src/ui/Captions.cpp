@@ -156,10 +156,6 @@ std::span<const Row> FindingsWindowTable() {
     return FindingsWindowRows;
 }
 
-void Apply(QWidget& window, Language language) {
-    Apply(window, language, Rows);
-}
-
 void Apply(QWidget& window, Language language, std::span<const Row> rows) {
     for (const Row& row : rows) {
         const QString text =

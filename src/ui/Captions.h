@@ -31,11 +31,9 @@ std::span<const Row> Table();
 // The findings window's rows: it takes the main window's language when it opens.
 std::span<const Row> FindingsWindowTable();
 
-// Sets every row of the main window's table to the language; rows whose control is absent
-// are skipped.
-void Apply(QWidget& window, Language language);
-// The same for another window's own table.
-void Apply(QWidget& window, Language language, std::span<const Row> rows);
+// Sets every row of a table (the main window's unless named) to the language; rows whose
+// control is absent are skipped.
+void Apply(QWidget& window, Language language, std::span<const Row> rows = Table());
 
 // The caption of VantelButton2 while the interface is German (it offers the other language).
 inline constexpr const char* OfferEnglish = "Englische Version";

@@ -15,15 +15,6 @@
 
 namespace {
 
-// The findings window speaks the language the button shows.
-captions::Language LanguageOf(const VantelButton& button) {
-    for (const captions::Row& row : captions::Table())
-        if (button.objectName() == QLatin1String(row.control))
-            return button.Caption() == QString::fromUtf8(row.english) ? captions::Language::English
-                                                                      : captions::Language::German;
-    return captions::Language::German;
-}
-
 // The pick list a list file holds; none for other files.
 std::optional<factionprops::PickList> ListOf(std::string_view file) {
     const std::size_t slash = file.rfind('\\');
@@ -39,10 +30,9 @@ std::optional<factionprops::PickList> ListOf(std::string_view file) {
 
 } // namespace
 
-CheckAction::CheckAction(Session& session_, Dialogs& dialogs_, VantelButton* btnCheck_,
+CheckAction::CheckAction(Session& session_, Dialogs& dialogs_, VantelButton* btnCheck,
                          frmMain& window)
-    : QObject(&window), session(session_), dialogs(dialogs_), btnCheck(btnCheck_),
-      mainWindow(window) {
+    : QObject(&window), session(session_), dialogs(dialogs_), mainWindow(window) {
     setObjectName(QStringLiteral("checkAction"));
     connect(btnCheck, &VantelButton::Click, this, &CheckAction::btnCheck_Click);
 }
@@ -71,7 +61,7 @@ void CheckAction::btnCheck_Click() {
     window = new frmCheck(
         std::move(findings), text::ToQt(session.ActiveProject),
         [this](const check::Finding& finding) { ShowFinding(mainWindow, finding); },
-        LanguageOf(*btnCheck), &mainWindow);
+        mainWindow.ShownLanguage(), &mainWindow);
     window->setAttribute(Qt::WA_DeleteOnClose);
     if (place.isValid())
         window->setGeometry(place);

@@ -26,7 +26,6 @@ private slots:
 private:
     Session& session;
     Dialogs& dialogs;
-    VantelButton* btnCheck;
     frmMain& mainWindow;
     QPointer<frmCheck> window;
 };

@@ -250,7 +250,6 @@ void MatrixPage::Reload() {
     }
     // Without a project (or after a failure) the factions are shown with nothing stored.
     model->Reset(data ? std::move(*data) : matrix::Matrix(factions));
-    model->SetHighlightAsymmetric(chkMatrixAsymmetric->isChecked());
     ApplyFilter();
 }
 
@@ -333,14 +332,13 @@ void MatrixPage::grdMatrix_DblClick(const QModelIndex& index) {
                           : reputationQuestions::AskStartingReputation(dialogs);
     if (v.isEmpty())
         return;
-    try {
+    const bool stored = dialogs.Attempt({}, [&] {
         matrix::Edit(store, session.ProjectPath(), model->Data(), model->FactionAt(index.row()),
                      model->FactionAt(index.column()), text::ToFile(v),
                      chkMatrixForceRep->isChecked());
-    } catch (const std::exception& error) {
-        dialogs.ShowError(Dialogs::Describe(error));
+    });
+    if (!stored)
         return;
-    }
     model->DataChanged();
     grdMatrix_MouseMove(index);
 }

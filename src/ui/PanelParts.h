@@ -12,6 +12,8 @@ namespace panel {
 // An image button's size: its pictures' 127 x 22 pixels, in twips.
 inline constexpr int ButtonWidth = 127 * twips::PerPixel;
 inline constexpr int ButtonHeight = 22 * twips::PerPixel;
+// The project manager's width, where the slide back to it stops.
+inline constexpr int Frame1Width = 9840;
 
 inline QLabel* MakeLabel(QWidget* parent, const char* name, const QString& caption) {
     auto* label = Named(new QLabel(caption, parent), name);

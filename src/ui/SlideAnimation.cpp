@@ -12,7 +12,6 @@
 namespace {
 
 // Frame1's full width in twips: the slide back ends there.
-constexpr int Frame1Width = 9840;
 
 } // namespace
 
@@ -100,7 +99,7 @@ void SlideAnimation::Timer4_Timer() {
     twips::SetWidth(Frame1, twips::Width(Frame1) + step);
     twips::SetWidth(Frame2, twips::Width(Frame2) - step);
     twips::SetLeft(Frame2, twips::Left(Frame2) + step);
-    if (twips::Width(Frame1) >= Frame1Width) {
+    if (twips::Width(Frame1) >= panel::Frame1Width) {
         Frame2->hide();
         Timer4->stop();
     }

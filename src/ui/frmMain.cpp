@@ -32,7 +32,6 @@ namespace {
 constexpr int FrameTop = 1080;
 constexpr int FrameHeight = 4215;
 constexpr int Frame1Left = 120;
-constexpr int Frame1Width = 9840;
 constexpr int Frame2Left = 9960;
 constexpr int Frame2Width = 15;
 
@@ -88,14 +87,11 @@ frmMain::frmMain(Session& session_, Dialogs& dialogs_, QWidget* parent)
     // yet, so they keep the captions they were built with until the first switch.
     German();
 
-    reputationPage = new ReputationPage(session, dialogs, this);
+    AddPage(new ReputationPage(session, dialogs, this), QStringLiteral("Emphaty.ini"));
     factionPropsPage = new FactionPropsPage(session, dialogs, this);
-    initialWorldPage = new InitialWorldPage(session, dialogs, this);
-    xmlScriptPage = new XmlScriptPage(dialogs, this);
-    AddPage(reputationPage, QStringLiteral("Emphaty.ini"));
     AddPage(factionPropsPage, QStringLiteral("Faction_Prop.ini"));
-    AddPage(initialWorldPage, QStringLiteral("Initialworld.ini"));
-    AddPage(xmlScriptPage, QStringLiteral("XML-Script"));
+    AddPage(new InitialWorldPage(session, dialogs, this), QStringLiteral("Initialworld.ini"));
+    AddPage(new XmlScriptPage(dialogs, this), QStringLiteral("XML-Script"));
     AddPage(new MatrixPage(session, dialogs, this), QStringLiteral("Matrix"));
     // The project check, with its findings window.
     VantelButton* btnCheck = registryPanel->AddButton("btnCheck");
@@ -124,7 +120,7 @@ QWidget* frmMain::BuildProjectsPage() {
     page->setMinimumSize(twips::ToPixels(10200), twips::ToPixels(FrameTop + FrameHeight + 120));
     Frame1 = new ProjectManagerPanel(session, dialogs, page);
     registryPanel = new RegistryPanel(session, dialogs, page);
-    twips::Place(Frame1, Frame1Left, FrameTop, Frame1Width, FrameHeight);
+    twips::Place(Frame1, Frame1Left, FrameTop, panel::Frame1Width, FrameHeight);
     twips::Place(registryPanel, Frame2Left, FrameTop, Frame2Width, FrameHeight);
     registryPanel->hide();
     slides = new SlideAnimation(session, page, Frame1, registryPanel);
@@ -166,8 +162,14 @@ void frmMain::English() {
         factionPropsPage->NameListsByTabs();
 }
 
+captions::Language frmMain::ShownLanguage() const {
+    return VantelButton2->Caption() == QLatin1String(captions::OfferEnglish)
+               ? captions::Language::German
+               : captions::Language::English;
+}
+
 void frmMain::VantelButton2_Click() {
-    if (VantelButton2->Caption() == QLatin1String(captions::OfferEnglish))
+    if (ShownLanguage() == captions::Language::German)
         English();
     else
         German();

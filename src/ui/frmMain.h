@@ -4,6 +4,7 @@
 // The panels and the slide between them live in their own classes; this window arranges
 // them, switches the language, shows the About window and navigates between pages.
 #include "factionprops/ListFiles.h"
+#include "ui/Captions.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -12,14 +13,11 @@
 class QTabWidget;
 class Dialogs;
 class FactionPropsPage;
-class InitialWorldPage;
 class ProjectManagerPanel;
 class RegistryPanel;
-class ReputationPage;
 class Session;
 class SlideAnimation;
 class VantelButton;
-class XmlScriptPage;
 class frmAbout;
 
 class frmMain : public QWidget {
@@ -40,6 +38,8 @@ public:
     // The two language routines; the language button calls one of them.
     void German();
     void English();
+    // The language the window shows: the language button offers the other one.
+    captions::Language ShownLanguage() const;
 
     // Refills the registry list and every page's pickers and list views from the registry
     // of the project that lblActiveProject names. Any error ends it silently.
@@ -84,10 +84,7 @@ private:
     RegistryPanel* registryPanel; // Frame2
     SlideAnimation* slides;
 
-    ReputationPage* reputationPage = nullptr;
     FactionPropsPage* factionPropsPage = nullptr;
-    InitialWorldPage* initialWorldPage = nullptr;
-    XmlScriptPage* xmlScriptPage = nullptr;
 
     QPointer<frmAbout> about; // at most one About window at a time
 };
