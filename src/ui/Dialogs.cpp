@@ -22,8 +22,8 @@ void QtDialogs::MessageBox(QMessageBox::Icon icon, const QString& title, const Q
 }
 
 QString Dialogs::Describe(const std::exception& error) {
-    // Core messages carry names and paths as file bytes; the path they name is shown as the
-    // system writes paths.
+    // Core messages carry the path they name as Windows-1252 text; it is shown as the system
+    // spells it.
     QString message = text::ToQt(error.what());
     const std::string* file = nullptr;
     if (const auto* fileError = dynamic_cast<const platform::FileError*>(&error))
@@ -33,7 +33,7 @@ QString Dialogs::Describe(const std::exception& error) {
     else if (const auto* libraryError = dynamic_cast<const importer::LibraryError*>(&error))
         file = &libraryError->file();
     if (file && !file->empty())
-        message.replace(text::ToQt(*file), text::NativePath(*file));
+        message.replace(text::ToQt(platform::ForMessage(*file)), text::NativePath(*file));
     return message;
 }
 

@@ -1,8 +1,10 @@
 #include "ui/Text.h"
 
+#include "core/platform.h"
 #include "core/win1252.h"
 
 #include <QDir>
+#include <QFile>
 
 namespace text {
 
@@ -37,10 +39,10 @@ std::optional<std::string> ToFileExact(const QString& text) {
 }
 
 QString NativePath(std::string_view path) {
-    // The core joins its pieces with backslashes; on disk they are the system's separators.
-    QString shown = ToQt(path);
-    shown.replace(u'\\', u'/');
-    return QDir::toNativeSeparators(shown);
+    // The core joins its pieces with backslashes and keeps names on disk in the system's
+    // file-name encoding: shown as the system spells the path.
+    return QDir::toNativeSeparators(
+        QFile::decodeName(QByteArray::fromStdString(platform::HostPath(path))));
 }
 
 } // namespace text
