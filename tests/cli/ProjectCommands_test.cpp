@@ -1,4 +1,4 @@
-#include "cli/Command.h"
+#include "cli/CliRunner.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -6,19 +6,14 @@
 
 namespace {
 
-class CliTest : public ::testing::Test {
+class CliTest : public ::testing::Test, protected CliRunner {
 protected:
-    int Run(std::vector<std::string> args) {
-        out.str("");
-        err.str("");
-        args.insert(args.begin(), {"--app-dir", app.path()});
-        return cli::Run(args, out, err);
-    }
+    using CliRunner::Run; // not the test's own Run
+    CliTest() { appDir = app.path(); }
     std::string Registry() const {
         return TempFolder::Read(app / "projects/Alpha/misc/factions.ini");
     }
     TempFolder app;
-    std::ostringstream out, err;
 };
 
 TEST_F(CliTest, ProjectsAreCreatedListedAndDeletedIgnoringCase) {
@@ -103,13 +98,11 @@ TEST(CliNames, ANonAsciiApplicationFolderAndProjectWorkFromCreateToDelete) {
                       "[FactionProps]\r\nnpc_ship = ship_\xFC\r\n");
     TempFolder::Write(app + "/data/initialworld/original_factions/" + entry,
                       "[Group]\r\nids_name = 5\r\n");
-    std::ostringstream out, err;
-    const auto run = [&](std::vector<std::string> args) {
-        out.str("");
-        err.str("");
-        args.insert(args.begin(), {"--app-dir", app});
-        return cli::Run(args, out, err);
-    };
+    CliRunner cli;
+    cli.appDir = app;
+    const auto run = [&cli](std::vector<std::string> args) { return cli.Run(std::move(args)); };
+    const auto& out = cli.out;
+    const auto& err = cli.err;
     const std::string project = "\xC3\x9C"
                                 "ber \xE2\x82\xAC Mod";
     const std::string root = app + "/projects/" + project;

@@ -1,4 +1,4 @@
-#include "cli/Command.h"
+#include "cli/CliRunner.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -6,20 +6,15 @@
 
 namespace {
 
-class CheckCommandTest : public ::testing::Test {
+class CheckCommandTest : public ::testing::Test, protected CliRunner {
 protected:
+    using CliRunner::Run; // not the test's own Run
     CheckCommandTest() {
+        appDir = app.path();
         Run({"create", "Alpha"});
         Run({"add-faction", "Alpha", "a_grp"});
     }
-    int Run(std::vector<std::string> args) {
-        out.str("");
-        err.str("");
-        args.insert(args.begin(), {"--app-dir", app.path()});
-        return cli::Run(args, out, err);
-    }
     TempFolder app;
-    std::ostringstream out, err;
 };
 
 TEST_F(CheckCommandTest, ExitStatusTellsWhetherAnErrorWasFound) {

@@ -1,4 +1,4 @@
-#include "cli/Command.h"
+#include "cli/CliRunner.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -8,13 +8,11 @@ namespace {
 
 TEST(CliMatrixTest, PrintsEitherStoreInRegistryOrderAsTabsOrCsv) {
     TempFolder app;
-    std::ostringstream out, err;
-    const auto run = [&](std::vector<std::string> args) {
-        out.str("");
-        err.str("");
-        args.insert(args.begin(), {"--app-dir", app.path()});
-        return cli::Run(args, out, err);
-    };
+    CliRunner cli;
+    cli.appDir = app.path();
+    const auto run = [&cli](std::vector<std::string> args) { return cli.Run(std::move(args)); };
+    const auto& out = cli.out;
+    const auto& err = cli.err;
     ASSERT_EQ(run({"create", "Mod"}), 0);
     ASSERT_EQ(run({"add-faction", "Mod", "B"}), 0);
     ASSERT_EQ(run({"add-faction", "Mod", "A"}), 0);
