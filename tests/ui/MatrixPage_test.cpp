@@ -1,6 +1,7 @@
 // The matrix page against real project folders: what it shows, and that its edits leave on
 // disk exactly what the one-faction pages' edits leave.
 #include "core/modFunctions.h"
+#include "support/PageFixture.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempFolder.h"
 #include "ui/InitialWorldPage.h"
@@ -23,7 +24,7 @@
 
 namespace fs = std::filesystem;
 
-class MatrixPageTest : public QObject {
+class MatrixPageTest : public QObject, protected PageFixture<MatrixPage> {
     Q_OBJECT
 
 private slots:
@@ -35,16 +36,15 @@ private slots:
     void aFailedEditIsToldNamingTheFileAndLeavesTheCell();
 
 private:
-    // A project with three factions and both stores partly filled.
-    void MakeProject(const std::string& name) {
-        modFunctions::CreateProjectFolders(app->path(), name);
-        modFunctions::SaveFaction(app->path(), name, "A", "Alpha");
-        modFunctions::SaveFaction(app->path(), name, "B", "Beta");
-        modFunctions::SaveFaction(app->path(), name,
+    // Three factions and both stores partly filled, in a made project.
+    void FillProject(const std::string& name) {
+        modFunctions::SaveFaction(folder->path(), name, "A", "Alpha");
+        modFunctions::SaveFaction(folder->path(), name, "B", "Beta");
+        modFunctions::SaveFaction(folder->path(), name,
                                   "K\xE4"
                                   "fer",
                                   "Alpha");
-        const std::string at = *app / ("projects/" + name + "/");
+        const std::string at = *folder / ("projects/" + name + "/");
         TempFolder::Write(at + "emphaty/new/reps_A.facts",
                           "[A]\r\nrep=1.5\r\n[B]\r\nrep=-0.5\r\n[K\xE4"
                           "fer]\r\nrep=friendly\r\n");
@@ -54,20 +54,20 @@ private:
                           "[A]\r\nids_name=1\r\nB=0.9\r\n[B]\r\nA=-1\r\n");
     }
     std::vector<modFunctions::RegistryEntry> Registry(const std::string& name) {
-        return modFunctions::LoadRegistry(modFunctions::RegistryPath(app->path(), name));
+        return modFunctions::LoadRegistry(modFunctions::RegistryPath(folder->path(), name));
     }
     // Every file of a project's two stores, by its path in the project.
     std::map<std::string, std::string> Stores(const std::string& name) {
         std::map<std::string, std::string> files;
-        for (const char* folder : {"emphaty/new", "initialworld"})
+        for (const char* store : {"emphaty/new", "initialworld"})
             for (const auto& entry :
-                 fs::directory_iterator(*app / ("projects/" + name + "/" + folder)))
+                 fs::directory_iterator(*folder / ("projects/" + name + "/" + store)))
                 if (entry.is_regular_file())
-                    files[std::string(folder) + "/" + entry.path().filename().string()] =
+                    files[std::string(store) + "/" + entry.path().filename().string()] =
                         TempFolder::Read(entry.path().string());
         return files;
     }
-    QTableView* Grid() { return page->findChild<QTableView*>("grdMatrix"); }
+    QTableView* Grid() { return Get<QTableView>("grdMatrix"); }
     MatrixModel* Model() { return qobject_cast<MatrixModel*>(Grid()->model()); }
     QString Cell(int row, int column) {
         return Model()->data(Model()->index(row, column), Qt::DisplayRole).toString();
@@ -78,30 +78,18 @@ private:
             heads << Model()->headerData(i, Qt::Horizontal, Qt::DisplayRole).toString();
         return heads;
     }
-
-    std::unique_ptr<TempFolder> app;
-    Session session;
-    ScriptedDialogs dialogs;
-    std::unique_ptr<MatrixPage> page;
 };
 
 void MatrixPageTest::init() {
-    app = std::make_unique<TempFolder>();
-    modFunctions::EnsureProjectsFolder(app->path());
-    MakeProject("Grid");
-    session.appDir = app->path();
-    session.ActiveProject = "Grid";
-    session.SetActiveProjectCaption("Grid");
-    dialogs = ScriptedDialogs{};
-    page = std::make_unique<MatrixPage>(session, dialogs);
+    OpenPage("Grid");
+    FillProject("Grid");
     page->AddFactions(Registry("Grid"));
     page->resize(800, 500);
     page->show(); // reads the store
 }
 
 void MatrixPageTest::cleanup() {
-    page.reset();
-    app.reset();
+    ClosePage();
 }
 
 void MatrixPageTest::cellsShowTheStoresAndTheFilterNarrowsRowsAndColumns() {
@@ -119,7 +107,7 @@ void MatrixPageTest::cellsShowTheStoresAndTheFilterNarrowsRowsAndColumns() {
     QVERIFY(Model()->CellAt(0, 0).diagonal);
     // Asymmetric pairs are marked only while the toggle is on.
     QVERIFY(!Model()->CellAt(0, 1).asymmetric);
-    page->findChild<QCheckBox*>("chkMatrixAsymmetric")->click();
+    Get<QCheckBox>("chkMatrixAsymmetric")->click();
     QVERIFY(Model()->CellAt(0, 1).asymmetric);
     QVERIFY(Model()->CellAt(1, 0).asymmetric);
     QVERIFY(!Model()->CellAt(2, 2).asymmetric);
@@ -130,17 +118,17 @@ void MatrixPageTest::cellsShowTheStoresAndTheFilterNarrowsRowsAndColumns() {
     QCOMPARE(table->tableInterface()->cellAt(1, 0)->text(QAccessible::Name),
              QString("B \u2192 A: 0.3"));
 
-    page->findChild<QRadioButton*>("optMatrixInitialworld")->click();
+    Get<QRadioButton>("optMatrixInitialworld")->click();
     QCOMPARE((QStringList{Cell(0, 1), Cell(1, 0), Cell(0, 0), Cell(2, 0)}),
              (QStringList{"0.9", "-1", "", ""}));
 
-    auto* group = page->findChild<QComboBox*>("cboMatrixGroup");
+    auto* group = Get<QComboBox>("cboMatrixGroup");
     QCOMPARE(group->count(), 3); // every group, Alpha, Beta
     group->setCurrentIndex(1);
     emit group->activated(1);
     QCOMPARE(Heads(), (QStringList{"A", "Käfer"}));
     QCOMPARE(Model()->rowCount(), 2);
-    page->findChild<QLineEdit*>("txtMatrixFilter")->setText("KÄ");
+    Get<QLineEdit>("txtMatrixFilter")->setText("KÄ");
     QCOMPARE(Heads(), (QStringList{"Käfer"}));
     group->setCurrentIndex(2);
     emit group->activated(2);
@@ -153,9 +141,10 @@ void MatrixPageTest::cellsShowTheStoresAndTheFilterNarrowsRowsAndColumns() {
 
 void MatrixPageTest::editsWriteTheBytesOfTheOwningPagesEdit() {
     // The same edits through the one-faction pages into a twin project.
-    MakeProject("Page");
+    modFunctions::CreateProjectFolders(folder->path(), "Page");
+    FillProject("Page");
     Session pageSession;
-    pageSession.appDir = session.appDir;
+    pageSession.appDir = session->appDir;
     pageSession.ActiveProject = "Page";
     pageSession.SetActiveProjectCaption("Page");
     ScriptedDialogs pageDialogs;
@@ -186,22 +175,21 @@ void MatrixPageTest::editsWriteTheBytesOfTheOwningPagesEdit() {
         rows->setCurrentItem(rows->topLevelItem(edit.s));
         // Choosing a faction stores its shown values again; both edits start from that.
         for (const auto& [file, bytes] : Stores("Page"))
-            TempFolder::Write(*app / ("projects/Grid/" + file), bytes);
+            TempFolder::Write(*folder / ("projects/Grid/" + file), bytes);
         pageDialogs.Answer(edit.value);
         emit rows->itemDoubleClicked(rows->topLevelItem(edit.s), 0);
 
-        page->findChild<QRadioButton*>(edit.initialWorld ? "optMatrixInitialworld"
-                                                         : "optMatrixEmphaty")
+        Get<QRadioButton>(edit.initialWorld ? "optMatrixInitialworld" : "optMatrixEmphaty")
             ->click();
-        page->findChild<QCheckBox*>("chkMatrixForceRep")->setChecked(edit.mirror);
-        dialogs.Answer(edit.value);
+        Get<QCheckBox>("chkMatrixForceRep")->setChecked(edit.mirror);
+        dialogs->Answer(edit.value);
         emit Grid()->doubleClicked(Model()->index(edit.g, edit.s));
 
         QCOMPARE(Cell(edit.g, edit.s), QString(edit.value));
         QCOMPARE(Stores("Grid"), Stores("Page"));
-        QCOMPARE(dialogs.asked.back().prompt, pageDialogs.asked.back().prompt);
-        QCOMPARE(dialogs.asked.back().title, pageDialogs.asked.back().title);
-        QCOMPARE(dialogs.asked.back().defaultText, pageDialogs.asked.back().defaultText);
+        QCOMPARE(dialogs->asked.back().prompt, pageDialogs.asked.back().prompt);
+        QCOMPARE(dialogs->asked.back().title, pageDialogs.asked.back().title);
+        QCOMPARE(dialogs->asked.back().defaultText, pageDialogs.asked.back().defaultText);
     }
     // A cancelled box writes nothing.
     const auto before = Stores("Grid");
@@ -209,46 +197,46 @@ void MatrixPageTest::editsWriteTheBytesOfTheOwningPagesEdit() {
     QCOMPARE(Stores("Grid"), before);
     // Enter on the current cell asks as a double-click does.
     Grid()->setCurrentIndex(Model()->index(1, 0));
-    dialogs.Answer("0.125");
+    dialogs->Answer("0.125");
     QTest::keyClick(Grid(), Qt::Key_Return);
     QCOMPARE(Cell(1, 0), QString("0.125"));
-    QVERIFY(dialogs.shown.empty());
+    QVERIFY(dialogs->shown.empty());
 }
 
 void MatrixPageTest::exportsWriteTheShownMatrix() {
-    auto* group = page->findChild<QComboBox*>("cboMatrixGroup");
+    auto* group = Get<QComboBox>("cboMatrixGroup");
     group->setCurrentIndex(1);
     emit group->activated(1);
-    const std::string csv = *app / "out.csv";
+    const std::string csv = *folder / "out.csv";
     QVERIFY(page->ExportCsvTo(QString::fromStdString(csv)));
     QCOMPARE(TempFolder::Read(csv), std::string(",A,K\xC3\xA4"
                                                 "fer\r\n"
                                                 "A,1.5,friendly\r\n"
                                                 "K\xC3\xA4"
                                                 "fer,,\r\n"));
-    const std::string png = *app / "out.png";
+    const std::string png = *folder / "out.png";
     QVERIFY(page->ExportPngTo(QString::fromStdString(png)));
     QCOMPARE(TempFolder::Read(png).substr(0, 8), std::string("\x89PNG\r\n\x1A\n"));
-    QVERIFY(!page->ExportCsvTo(QString::fromStdString(*app / "no/such/folder/x.csv")));
-    QCOMPARE(dialogs.shown.size(), std::size_t(1));
-    QVERIFY(dialogs.shown.front().text.contains("x.csv"));
+    QVERIFY(!page->ExportCsvTo(QString::fromStdString(*folder / "no/such/folder/x.csv")));
+    QCOMPARE(dialogs->shown.size(), std::size_t(1));
+    QVERIFY(dialogs->shown.front().text.contains("x.csv"));
 }
 
 void MatrixPageTest::aFailedEditIsToldNamingTheFileAndLeavesTheCell() {
     // A folder where B's empathy file belongs: it reads as missing and cannot be written.
-    fs::create_directory(*app / "projects/Grid/emphaty/new/reps_B.facts.d");
-    fs::remove(*app / "projects/Grid/emphaty/new/reps_B.facts");
-    fs::rename(*app / "projects/Grid/emphaty/new/reps_B.facts.d",
-               *app / "projects/Grid/emphaty/new/reps_B.facts");
+    fs::create_directory(*folder / "projects/Grid/emphaty/new/reps_B.facts.d");
+    fs::remove(*folder / "projects/Grid/emphaty/new/reps_B.facts");
+    fs::rename(*folder / "projects/Grid/emphaty/new/reps_B.facts.d",
+               *folder / "projects/Grid/emphaty/new/reps_B.facts");
     page->Reload();
     const auto before = Stores("Grid");
-    dialogs.Answer("0.5");
+    dialogs->Answer("0.5");
     emit Grid()->doubleClicked(Model()->index(1, 0)); // B toward A, mirrored into A's file
-    QCOMPARE(dialogs.shown.size(), std::size_t(1));
-    QVERIFY(dialogs.shown.front().text.contains("reps_B.facts"));
+    QCOMPARE(dialogs->shown.size(), std::size_t(1));
+    QVERIFY(dialogs->shown.front().text.contains("reps_B.facts"));
     QCOMPARE(Cell(1, 0), QString());
     QCOMPARE(Cell(0, 1), QString("-0.5"));
-    QCOMPARE(TempFolder::Read(*app / "projects/Grid/emphaty/new/reps_A.facts"),
+    QCOMPARE(TempFolder::Read(*folder / "projects/Grid/emphaty/new/reps_A.facts"),
              before.at("emphaty/new/reps_A.facts"));
 }
 
