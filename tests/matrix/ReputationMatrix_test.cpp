@@ -58,7 +58,7 @@ TEST_F(ReputationMatrixTest, CellsAreWhatAReadOfEachStoreReturns) {
                                                       "1,0", "-", "-"}));
 }
 
-TEST_F(ReputationMatrixTest, ValuesReadOnTheScaleOnlyInPlainDecimalForm) {
+TEST(ReputationMatrix, ValuesReadOnTheScaleOnlyInPlainDecimalForm) {
     EXPECT_EQ(matrix::Read("", false).kind, Kind::Missing);
     EXPECT_EQ(matrix::Read("", true).kind, Kind::NotANumber);
     EXPECT_EQ(matrix::Read("-0.3", true).number, -0.3);
@@ -94,7 +94,7 @@ TEST_F(ReputationMatrixTest, EditsLeaveTheMatrixAsAFreshLoadReadsIt) {
                                             "fer]\r\nA= -0.25\r\n");
 }
 
-TEST_F(ReputationMatrixTest, AsymmetryComparesNumbersByValueAndTheRestAsText) {
+TEST(ReputationMatrix, AsymmetryComparesNumbersByValueAndTheRestAsText) {
     matrix::Matrix m({"A", "B", "C"});
     m.Set(0, 1, "0.5");
     m.Set(1, 0, "0.50");
@@ -109,7 +109,7 @@ TEST_F(ReputationMatrixTest, AsymmetryComparesNumbersByValueAndTheRestAsText) {
     EXPECT_TRUE(matrix::Differ(m, 0, 1));
 }
 
-TEST_F(ReputationMatrixTest, FilterNarrowsByGroupAndNicknameTextIgnoringCase) {
+TEST(ReputationMatrix, FilterNarrowsByGroupAndNicknameTextIgnoringCase) {
     const std::vector<std::string> nicks = {"li_n_grp", "LI_p_grp", "fc_x_grp",
                                             "K\xC4"
                                             "fer"};
