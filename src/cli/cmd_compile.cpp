@@ -1,5 +1,6 @@
 #include "cli/Command.h"
 #include "core/ProtocolLines.h"
+#include "core/RunTogether.h"
 #include "core/modFunctions.h"
 #include "core/names.h"
 #include "factionprops/FactionPropCompiler.h"
@@ -69,10 +70,18 @@ int RunCompile(const Arguments& args, Context& context) {
         modFunctions::RegistryNicknames(modFunctions::RegistryPath(context.appDir, *project));
     for (const std::string& nickname : factions)
         names::Require(nickname, "The registry's nickname");
-    for (const Compiler* compiler : chosen) {
-        compiler->compile(folder, factions);
-        modFunctions::WriteProtocol(context.appDir, *project, compiler->protocolLine);
-    }
+    // The game files are independent of each other: they are compiled side by side. Each
+    // one compiled gets its protocol line, in the usual order, before a failure is reported.
+    std::vector<std::function<void()>> jobs;
+    for (const Compiler* compiler : chosen)
+        jobs.emplace_back([compiler, &folder, &factions] { compiler->compile(folder, factions); });
+    const auto failures = together::Run(jobs);
+    for (std::size_t i = 0; i < chosen.size(); ++i)
+        if (!failures[i])
+            modFunctions::WriteProtocol(context.appDir, *project, chosen[i]->protocolLine);
+    for (const std::exception_ptr& failure : failures)
+        if (failure)
+            std::rethrow_exception(failure);
     return Ok;
 }
 

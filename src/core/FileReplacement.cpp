@@ -8,8 +8,10 @@
 #include <chrono>
 #include <cstdio>
 #include <dirent.h>
+#include <exception>
 #include <fcntl.h>
 #include <signal.h>
+#include <thread>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <unordered_map>
@@ -242,6 +244,44 @@ void StagedReplacement::StageResolved(const std::string& hostPath, std::string_v
     Tidy(hostPath);
     Temporary temporary = WriteTemporary(calls_, hostPath, bytes, presence, newFileMode_);
     staged_.push_back({hostPath, std::move(temporary.path), temporary.targetExisted});
+}
+
+void StagedReplacement::StageAll(const std::vector<Staging>& files) {
+    // Below this many files a second thread costs more to start than it saves.
+    constexpr std::size_t BatchForTwoThreads = 64;
+    for (const Staging& file : files)
+        Tidy(file.hostPath);
+    std::vector<std::optional<Temporary>> written(files.size());
+    std::vector<std::exception_ptr> failures(files.size());
+    // Each thread learns the mode of a new file for itself: one look more at most.
+    const auto writeEvery = [&](std::size_t first, std::size_t step, std::optional<mode_t>& mode) {
+        for (std::size_t i = first; i < files.size(); i += step) {
+            try {
+                written[i] = WriteTemporary(calls_, files[i].hostPath, files[i].bytes,
+                                            files[i].presence, mode);
+            } catch (...) {
+                failures[i] = std::current_exception();
+            }
+        }
+    };
+    if (files.size() < BatchForTwoThreads) {
+        writeEvery(0, 1, newFileMode_);
+    } else {
+        std::optional<mode_t> otherMode = newFileMode_;
+        {
+            const std::jthread other(writeEvery, 1, 2, std::ref(otherMode));
+            writeEvery(0, 2, newFileMode_);
+        }
+        if (!newFileMode_)
+            newFileMode_ = otherMode;
+    }
+    for (std::size_t i = 0; i < files.size(); ++i)
+        if (written[i])
+            staged_.push_back({files[i].hostPath, std::move(written[i]->path),
+                               written[i]->targetExisted});
+    for (const std::exception_ptr& failure : failures)
+        if (failure)
+            std::rethrow_exception(failure);
 }
 
 void StagedReplacement::Tidy(const std::string& hostPath) {

@@ -15,6 +15,7 @@ namespace platform {
 
 // The calls that put bytes on disk. Everything that replaces files goes through one of
 // these, so that a test can make the Nth write, rename or sync fail and look at the outcome.
+// A large batch writes its files from two threads at once: Write must allow that.
 class FileCalls {
 public:
     virtual ~FileCalls() = default;
@@ -55,6 +56,16 @@ public:
     // The same for a path that was resolved already (a host path).
     void StageResolved(const std::string& hostPath, std::string_view bytes,
                        Presence presence = Presence::Unknown);
+    struct Staging {
+        const std::string& hostPath;
+        std::string_view bytes;
+        Presence presence = Presence::Unknown;
+    };
+    // StageResolved for each file. A large batch is written by two threads: creating many
+    // small files is most of its time, and a second core nearly halves that. When one fails,
+    // the others are still written (and removed again with the rest), and the failure of the
+    // first in the given order is thrown.
+    void StageAll(const std::vector<Staging>& files);
     void Commit(); // throws FileError
     // Rids the folder of a file of leftover temporaries (once per folder), as staging a file
     // there does; for a batch that looked at a file and found nothing to change.

@@ -2,6 +2,8 @@
 
 #include "core/names.h"
 
+#include <deque>
+#include <mutex>
 #include <unordered_map>
 
 IniWriteError::IniWriteError(std::string file, const std::string& reason)
@@ -27,13 +29,10 @@ std::string& DefaultIniPathCache() {
 }
 
 // Parsed INI documents by resolved path, trusted while the file's stamp is unchanged.
+// Compiles running side by side read through it at once; a file is parsed outside the lock,
+// so that one large parse does not hold up the others.
 class IniCache {
 public:
-    struct Entry {
-        platform::FileStamp stamp;
-        std::shared_ptr<IniDocument> document;
-    };
-
     std::shared_ptr<IniDocument> Load(const std::string& resolved) {
         return Load(platform::LookUpFile(resolved));
     }
@@ -42,13 +41,17 @@ public:
         const std::string& resolved = file.path;
         const auto& stamp = file.stamp;
         if (!stamp) {
-            entries_.erase(resolved);
+            Forget(resolved);
             return std::make_shared<IniDocument>();
         }
-        const auto it = entries_.find(resolved);
-        if (it != entries_.end() && it->second.stamp == *stamp)
-            return it->second.document;
+        {
+            const std::lock_guard lock(mutex_);
+            const auto it = entries_.find(resolved);
+            if (it != entries_.end() && it->second.stamp == *stamp)
+                return it->second.document;
+        }
         auto document = std::make_shared<IniDocument>(platform::ReadBytes(resolved).value_or(""));
+        const std::lock_guard lock(mutex_);
         if (entries_.size() >= MaxEntries)
             entries_.clear();
         entries_[resolved] = {*stamp, document};
@@ -56,16 +59,26 @@ public:
     }
 
     void Remember(const std::string& resolved, std::shared_ptr<IniDocument> document) {
-        if (const auto stamp = platform::StampOf(resolved))
+        const auto stamp = platform::StampOf(resolved);
+        const std::lock_guard lock(mutex_);
+        if (stamp)
             entries_[resolved] = {*stamp, std::move(document)};
         else
             entries_.erase(resolved);
     }
 
-    void Forget(const std::string& resolved) { entries_.erase(resolved); }
+    void Forget(const std::string& resolved) {
+        const std::lock_guard lock(mutex_);
+        entries_.erase(resolved);
+    }
 
 private:
+    struct Entry {
+        platform::FileStamp stamp;
+        std::shared_ptr<IniDocument> document;
+    };
     static constexpr std::size_t MaxEntries = 256;
+    std::mutex mutex_;
     std::unordered_map<std::string, Entry> entries_;
 };
 
@@ -256,21 +269,26 @@ void Transaction::WriteFileText(const std::string& path, std::string_view text) 
 
 void Transaction::Commit(platform::FileCalls& calls) {
     platform::StagedReplacement replacement(calls);
+    std::deque<std::string> iniBytes; // a deque: the views handed on stay valid as it grows
+    std::vector<platform::StagedReplacement::Staging> files;
     for (const std::string& keyName : order_) {
         Pending& slot = pending_.at(keyName);
         if (!slot.changed) {
             replacement.Tidy(slot.file); // a re-run after a crash leaves no leftover
             continue;
         }
-        try {
-            replacement.StageResolved(slot.file, slot.isIni ? slot.ini->Bytes() : slot.text,
-                                      slot.listed ? platform::Presence::Present
-                                                  : platform::Presence::Missing);
-        } catch (const platform::FileError& error) {
-            if (slot.isIni)
-                throw IniWriteError(slot.file, error.what());
-            throw;
-        }
+        const std::string_view bytes = slot.isIni ? iniBytes.emplace_back(slot.ini->Bytes())
+                                                  : std::string_view(slot.text);
+        files.push_back({slot.file, bytes,
+                         slot.listed ? platform::Presence::Present : platform::Presence::Missing});
+    }
+    try {
+        replacement.StageAll(files);
+    } catch (const platform::FileError& error) {
+        if (const auto it = pending_.find(platform::FoldedDiskName(error.path()));
+            it != pending_.end() && it->second.isIni)
+            throw IniWriteError(it->second.file, error.what());
+        throw;
     }
     replacement.Commit();
     for (const std::string& keyName : order_) {

@@ -36,6 +36,8 @@ void WriteIni(std::string_view section, std::string_view key, std::string_view v
 
 // The parsed document of a file (empty when missing), shared from a small cache that is
 // revalidated by size, modification time and identity. Compilers read many keys per parse.
+// Several threads may read at once (the compiles do); a file being written is not read by
+// another thread meanwhile.
 std::shared_ptr<const IniDocument> LoadIni(const std::string& file);
 // The same for reading only: an unreadable file reads like a missing one, as ReadIni does.
 std::shared_ptr<const IniDocument> ReadIniDocument(const std::string& file);

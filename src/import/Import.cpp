@@ -1,6 +1,7 @@
 #include "import/Import.h"
 
 #include "core/modFunctions.h"
+#include "core/ReadAhead.h"
 #include "core/names.h"
 #include "factionprops/ListFiles.h"
 #include "factionprops/PropertySheet.h"
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <variant>
 
 namespace importer {
 namespace {
@@ -127,17 +129,32 @@ ImportAllResult ImportAllOriginalFactions(std::string_view appDir, const std::st
         return (it != byFolded.end() && it->first == folded) ? it->second : name;
     };
 
-    ImportAllResult result;
-    std::vector<OriginalFaction> good;
-    good.reserve(entries.size());
-    for (const std::string& name : entries) {
+    // The entries are read and checked on a second thread while this one adds those read
+    // already to the transaction; nothing reaches the disk before the commit at the end.
+    using Entry = std::variant<OriginalFaction, LibraryError>;
+    ReadAhead<Entry> read(entries.size(), [&](std::size_t i) -> Entry {
+        const std::string& name = entries[i];
         try {
-            good.push_back(
-                ReadFrom(appDir, name, spelled(propNames, name), spelled(worldNames, name)));
+            return ReadFrom(appDir, name, spelled(propNames, name), spelled(worldNames, name));
         } catch (const LibraryError& error) {
-            result.refused.push_back(error);
-            good.push_back({}); // keeps the position for the progress value
+            return error;
         }
+    });
+
+    ImportAllResult result;
+    progress::Step at{0, entries.size(), 0, 0};
+    progress::Tell(report, at);
+    txtReadWrite::Transaction transaction; // each file parsed once and written once
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        Entry entry = read.Take(i);
+        if (const auto* faction = std::get_if<OriginalFaction>(&entry)) {
+            WriteOriginalFaction(transaction, *faction, projectFolder);
+            result.imported.push_back(faction->nickname);
+        } else {
+            result.refused.push_back(std::get<LibraryError>(std::move(entry)));
+        }
+        at.outerDone = i + 1;
+        progress::Tell(report, at);
     }
 
     // A name that only the other folders hold is an entry without its reputation file.
@@ -158,18 +175,6 @@ ImportAllResult ImportAllOriginalFactions(std::string_view appDir, const std::st
                                     "the library name is refused: " +
                                         std::string(modFunctions::NameNotFromDisk));
 
-    progress::Step at{0, good.size(), 0, 0};
-    progress::Tell(report, at);
-    // One transaction for the whole run: each file is parsed once and written once.
-    txtReadWrite::Transaction transaction;
-    for (std::size_t i = 0; i < good.size(); ++i) {
-        if (!good[i].nickname.empty()) {
-            WriteOriginalFaction(transaction, good[i], projectFolder);
-            result.imported.push_back(good[i].nickname);
-        }
-        at.outerDone = i + 1;
-        progress::Tell(report, at);
-    }
     transaction.Commit();
     return result;
 }

@@ -1,0 +1,56 @@
+#pragma once
+// Items made on a second thread while the caller uses those made already: for work in two
+// stages of about equal cost (reading files, then building from them), so that a second core
+// does the one while the first does the other. Items are taken in order, each once.
+#include <atomic>
+#include <cstddef>
+#include <exception>
+#include <functional>
+#include <optional>
+#include <stop_token>
+#include <thread>
+#include <vector>
+
+template <typename T> class ReadAhead {
+public:
+    // make(i) runs on the second thread for i = 0 .. count - 1, in order. It must not touch
+    // what the caller changes meanwhile.
+    ReadAhead(std::size_t count, std::function<T(std::size_t)> make)
+        : items_(count), failures_(count), make_(std::move(make)),
+          worker_([this](std::stop_token stop) { MakeAll(stop); }) {}
+    ReadAhead(const ReadAhead&) = delete;
+    ReadAhead& operator=(const ReadAhead&) = delete;
+    // Stops the second thread after its current item and waits for it.
+    ~ReadAhead() = default;
+
+    // Item i, once made; what make(i) threw is thrown here.
+    T Take(std::size_t i) {
+        for (std::size_t made = made_.load(std::memory_order_acquire); made <= i;
+             made = made_.load(std::memory_order_acquire))
+            made_.wait(made, std::memory_order_acquire);
+        if (failures_[i])
+            std::rethrow_exception(failures_[i]);
+        T item = std::move(*items_[i]);
+        items_[i].reset();
+        return item;
+    }
+
+private:
+    void MakeAll(const std::stop_token& stop) {
+        for (std::size_t i = 0; i < items_.size() && !stop.stop_requested(); ++i) {
+            try {
+                items_[i].emplace(make_(i));
+            } catch (...) {
+                failures_[i] = std::current_exception();
+            }
+            made_.store(i + 1, std::memory_order_release);
+            made_.notify_one();
+        }
+    }
+
+    std::vector<std::optional<T>> items_;
+    std::vector<std::exception_ptr> failures_;
+    std::function<T(std::size_t)> make_;
+    std::atomic<std::size_t> made_{0};
+    std::jthread worker_; // last: started once everything it uses is ready, stopped first
+};
