@@ -109,6 +109,9 @@ Temporary WriteTemporary(FileCalls& calls, const std::string& target, std::strin
     return temporary;
 }
 
+// Below this many files a second thread costs more to start than it saves.
+constexpr std::size_t BatchForTwoThreads = 64;
+
 bool Unsupported(int error) {
     return error == EINVAL || error == ENOSYS || error == ENOTSUP;
 }
@@ -247,8 +250,6 @@ void StagedReplacement::StageResolved(const std::string& hostPath, std::string_v
 }
 
 void StagedReplacement::StageAll(const std::vector<Staging>& files) {
-    // Below this many files a second thread costs more to start than it saves.
-    constexpr std::size_t BatchForTwoThreads = 64;
     for (const Staging& file : files)
         Tidy(file.hostPath);
     std::vector<std::optional<Temporary>> written(files.size());
@@ -380,14 +381,32 @@ void StagedReplacement::Commit() {
         if (folder.fd < 0 || calls_.Sync(folder.fd) != 0)
             throw FileError(first, SystemReason(errno));
     }
-    for (std::size_t i = 0; i < staged_.size(); ++i) {
-        try {
-            Place(staged_[i]);
-        } catch (...) {
-            for (std::size_t j = i; j-- > 0;)
-                Restore(staged_[j]);
-            throw;
+    // A large batch is put in place from two threads as well; after a failure neither
+    // starts another file, and every file already placed is restored.
+    std::vector<std::exception_ptr> failures(staged_.size());
+    std::atomic<bool> failed{false};
+    const auto placeEvery = [&](std::size_t first, std::size_t step) {
+        for (std::size_t i = first; i < staged_.size() && !failed; i += step) {
+            try {
+                Place(staged_[i]);
+            } catch (...) {
+                failures[i] = std::current_exception();
+                failed = true;
+            }
         }
+    };
+    if (staged_.size() < BatchForTwoThreads) {
+        placeEvery(0, 1);
+    } else {
+        const std::jthread other(placeEvery, 1, 2);
+        placeEvery(0, 2);
+    }
+    if (failed) {
+        for (Staged& item : staged_)
+            Restore(item);
+        for (const std::exception_ptr& failure : failures)
+            if (failure)
+                std::rethrow_exception(failure);
     }
     for (const Staged& item : staged_) {
         if (item.placed == Placed::Exchanged)

@@ -15,7 +15,8 @@ namespace platform {
 
 // The calls that put bytes on disk. Everything that replaces files goes through one of
 // these, so that a test can make the Nth write, rename or sync fail and look at the outcome.
-// A large batch writes its files from two threads at once: Write must allow that.
+// A large batch writes and renames its files from two threads at once: the calls must
+// allow that.
 class FileCalls {
 public:
     virtual ~FileCalls() = default;
@@ -62,11 +63,11 @@ public:
         Presence presence = Presence::Unknown;
     };
     // StageResolved for each file. A large batch is written by two threads: creating many
-    // small files is most of its time, and a second core nearly halves that. When one fails,
+    // small files is most of its time, and a second core cuts that by a third. When one fails,
     // the others are still written (and removed again with the rest), and the failure of the
     // first in the given order is thrown.
     void StageAll(const std::vector<Staging>& files);
-    void Commit(); // throws FileError
+    void Commit(); // throws FileError; a large batch is renamed from two threads
     // Rids the folder of a file of leftover temporaries (once per folder), as staging a file
     // there does; for a batch that looked at a file and found nothing to change.
     void Tidy(const std::string& hostPath);

@@ -170,10 +170,9 @@ std::string ReadFileText(const std::string& path) {
     return platform::ReadBytes(path).value_or("");
 }
 
-void WriteFileText(const std::string& path, std::string_view text) {
-    std::string bytes(text);
-    bytes += LineEnd;
-    platform::ReplaceFile(path, bytes);
+void WriteFileText(const std::string& path, std::string text) {
+    text += LineEnd;
+    platform::ReplaceFile(path, text);
 }
 
 void AppendFileText(const std::string& path, std::string_view text) {

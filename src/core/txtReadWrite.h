@@ -48,7 +48,8 @@ std::shared_ptr<const IniDocument> ReadIniDocument(const std::string& file);
 IniDocument ParseIniFile(const std::string& file);
 
 std::string ReadFileText(const std::string& path);
-void WriteFileText(const std::string& path, std::string_view text);  // adds CR LF
+// Adds CR LF. Takes the text: a compiled game file of megabytes moved in is not copied.
+void WriteFileText(const std::string& path, std::string text);
 void AppendFileText(const std::string& path, std::string_view text); // adds CR LF
 std::string ReadFileLine(const std::string& path, long lineNumber);
 // The lines of a text, each ended by CR LF or a lone LF; a lone CR stays in its line.

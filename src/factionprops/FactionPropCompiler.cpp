@@ -128,8 +128,8 @@ std::string FactionPropText(const std::string& projectFolder,
 
 void CompileFactionProp(const std::string& projectFolder, const std::vector<std::string>& factions,
                         const progress::Report& report) {
-    const std::string text = FactionPropText(projectFolder, factions, report);
-    txtReadWrite::WriteFileText(CompiledFactionPropPath(projectFolder), text);
+    txtReadWrite::WriteFileText(CompiledFactionPropPath(projectFolder),
+                                FactionPropText(projectFolder, factions, report));
 }
 
 } // namespace factionprops

@@ -2,6 +2,7 @@
 #include "core/txtReadWrite.h"
 #include "support/TempFolder.h"
 
+#include <atomic>
 #include <cerrno>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -41,7 +42,7 @@ private:
     Call call_;
     int failAt_;
     bool canExchange_;
-    int count_ = 0;
+    std::atomic<int> count_ = 0; // large batches call from two threads
 };
 
 std::map<std::string, std::string> Snapshot(const std::string& folder) {
@@ -89,6 +90,24 @@ TEST(FileReplacement, ACommitFailingAtAnyCallLeavesEveryFileAsItWas) {
     // A replaced file keeps its permissions.
     EXPECT_EQ(fs::status(temp / "c.lst").permissions(), fs::perms(0640));
     EXPECT_EQ(fs::status(temp / "a.ini").permissions(), aMode);
+}
+
+// A batch large enough to be written and renamed from two threads keeps the same promise.
+TEST(FileReplacement, ALargeCommitFailingPartWayLeavesEveryFileAsItWas) {
+    TempFolder temp;
+    for (int i = 0; i < 100; i += 2)
+        TempFolder::Write(temp / ("f" + std::to_string(i)), "old");
+    const auto before = Snapshot(temp.path());
+    using Call = FailingCalls::Call;
+    for (const auto& [call, n] : {std::pair{Call::Write, 1}, {Call::Write, 77}, {Call::Rename, 1},
+                                  {Call::Rename, 60}, {Call::Rename, 100}}) {
+        FailingCalls calls(call, n);
+        txtReadWrite::Transaction transaction;
+        for (int i = 0; i < 100; ++i)
+            transaction.WriteFileText(temp.path() + "\\f" + std::to_string(i), "new");
+        EXPECT_ANY_THROW(transaction.Commit(calls)) << static_cast<int>(call) << " " << n;
+        EXPECT_EQ(Snapshot(temp.path()), before) << static_cast<int>(call) << " " << n;
+    }
 }
 
 // Temporary files of ended programs go with the next write in their folder; a running
