@@ -402,8 +402,8 @@ void StagedReplacement::Commit() {
         placeEvery(0, 2);
     }
     if (failed) {
-        for (Staged& item : staged_)
-            Restore(item);
+        for (auto item = staged_.rbegin(); item != staged_.rend(); ++item)
+            Restore(*item);
         for (const std::exception_ptr& failure : failures)
             if (failure)
                 std::rethrow_exception(failure);

@@ -2,10 +2,12 @@
 // Items made on a second thread while the caller uses those made already: for work in two
 // stages of about equal cost (reading files, then building from them), so that a second core
 // does the one while the first does the other. Items are taken in order, each once.
-#include <atomic>
+#include <algorithm>
+#include <condition_variable>
 #include <cstddef>
 #include <exception>
 #include <functional>
+#include <mutex>
 #include <optional>
 #include <stop_token>
 #include <thread>
@@ -25,9 +27,15 @@ public:
 
     // Item i, once made; what make(i) threw is thrown here.
     T Take(std::size_t i) {
-        for (std::size_t made = made_.load(std::memory_order_acquire); made <= i;
-             made = made_.load(std::memory_order_acquire))
-            made_.wait(made, std::memory_order_acquire);
+        {
+            std::unique_lock lock(mutex_);
+            if (made_ <= i) {
+                // Caught up: wait for a batch rather than for each item, so that the threads
+                // hand over a few dozen times instead of once per item.
+                wanted_ = std::min(items_.size(), i + Batch);
+                madeEnough_.wait(lock, [&] { return made_ >= wanted_; });
+            }
+        }
         if (failures_[i])
             std::rethrow_exception(failures_[i]);
         T item = std::move(*items_[i]);
@@ -36,6 +44,8 @@ public:
     }
 
 private:
+    static constexpr std::size_t Batch = 16;
+
     void MakeAll(const std::stop_token& stop) {
         for (std::size_t i = 0; i < items_.size() && !stop.stop_requested(); ++i) {
             try {
@@ -43,14 +53,19 @@ private:
             } catch (...) {
                 failures_[i] = std::current_exception();
             }
-            made_.store(i + 1, std::memory_order_release);
-            made_.notify_one();
+            const std::lock_guard lock(mutex_);
+            made_ = i + 1;
+            if (made_ == wanted_)
+                madeEnough_.notify_one();
         }
     }
 
     std::vector<std::optional<T>> items_;
     std::vector<std::exception_ptr> failures_;
     std::function<T(std::size_t)> make_;
-    std::atomic<std::size_t> made_{0};
-    std::jthread worker_; // last: started once everything it uses is ready, stopped first
+    std::mutex mutex_;
+    std::condition_variable madeEnough_;
+    std::size_t made_ = 0;   // items made so far
+    std::size_t wanted_ = 0; // what the caller waits for, when it waits
+    std::jthread worker_;    // last: started once everything it uses is ready, stopped first
 };

@@ -170,9 +170,13 @@ std::string ReadFileText(const std::string& path) {
     return platform::ReadBytes(path).value_or("");
 }
 
-void WriteFileText(const std::string& path, std::string text) {
+std::string FileBytes(std::string text) {
     text += LineEnd;
-    platform::ReplaceFile(path, text);
+    return text;
+}
+
+void WriteFileText(const std::string& path, std::string text) {
+    platform::ReplaceFile(path, FileBytes(std::move(text)));
 }
 
 void AppendFileText(const std::string& path, std::string_view text) {
@@ -262,12 +266,16 @@ void Transaction::WriteFileText(const std::string& path, std::string_view text) 
     Pending& slot = Slot(path);
     slot.isIni = false;
     slot.ini.reset();
-    slot.text = std::string(text) + std::string(LineEnd);
+    slot.text = FileBytes(std::string(text));
     slot.changed = true;
 }
 
 void Transaction::Commit(platform::FileCalls& calls) {
     platform::StagedReplacement replacement(calls);
+    Commit(replacement);
+}
+
+void Transaction::Commit(platform::StagedReplacement& replacement) {
     std::deque<std::string> iniBytes; // a deque: the views handed on stay valid as it grows
     std::vector<platform::StagedReplacement::Staging> files;
     for (const std::string& keyName : order_) {

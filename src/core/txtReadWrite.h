@@ -50,6 +50,8 @@ IniDocument ParseIniFile(const std::string& file);
 std::string ReadFileText(const std::string& path);
 // Adds CR LF. Takes the text: a compiled game file of megabytes moved in is not copied.
 void WriteFileText(const std::string& path, std::string text);
+// The bytes that the whole-file writes put on disk for a text: the text and a line end.
+std::string FileBytes(std::string text);
 void AppendFileText(const std::string& path, std::string_view text); // adds CR LF
 std::string ReadFileLine(const std::string& path, long lineNumber);
 // The lines of a text, each ended by CR LF or a lone LF; a lone CR stays in its line.
@@ -75,6 +77,9 @@ public:
     // for an INI file and platform::FileError for a text file. The calls are the system's
     // own, or a test's that fail on purpose.
     void Commit(platform::FileCalls& calls = platform::SystemFileCalls());
+    // The same together with files staged already (written ahead by the caller): this
+    // transaction's files are staged beside them, and all are put in place at once.
+    void Commit(platform::StagedReplacement& replacement);
 
 private:
     struct Pending {

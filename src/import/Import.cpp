@@ -49,14 +49,11 @@ OriginalFaction ReadFrom(std::string_view appDir, std::string_view reputationNam
     return faction;
 }
 
-} // namespace
-
-void WriteOriginalFaction(txtReadWrite::Transaction& transaction, const OriginalFaction& faction,
-                          const std::string& projectFolder) {
+// A faction's values in the project's INI files.
+void WriteFactionValues(txtReadWrite::Transaction& transaction, const OriginalFaction& faction,
+                        const std::string& projectFolder) {
     const std::string& n = faction.nickname;
-    const auto path = [&](std::string_view piece) { return projectFolder + std::string(piece); };
-
-    transaction.WriteIni(n, "grp", faction.reputation.group, path("\\misc\\factions.ini"));
+    transaction.WriteIni(n, "grp", faction.reputation.group, projectFolder + "\\misc\\factions.ini");
 
     const std::string eventFile = reputation::EventFile(projectFolder);
     for (const EventEntry& event : faction.reputation.events)
@@ -64,26 +61,9 @@ void WriteOriginalFaction(txtReadWrite::Transaction& transaction, const Original
             if (event.name == EventNames[e])
                 transaction.WriteIni(n, reputation::EventKeys[e], event.value, eventFile);
 
-    std::string empathy;
-    for (const EmpathyEntry& entry : faction.reputation.empathy)
-        empathy += "[" + entry.nickname + "]\r\nrep=" + entry.value + "\r\n";
-    transaction.WriteFileText(reputation::EmpathyFile(projectFolder, n), empathy);
-
-    const std::string propFile = path("\\faction_prop\\grp.ini");
+    const std::string propFile = projectFolder + "\\faction_prop\\grp.ini";
     for (std::size_t i = 0; i < ProjectPropKeys.size(); ++i)
         transaction.WriteIni(n, ProjectPropKeys[i], faction.props.values[i], propFile);
-
-    using factionprops::PickList;
-    const OriginalFactionProps& props = faction.props;
-    for (const auto& [list, entries] : {std::pair{PickList::Ships, &props.ships},
-                                        {PickList::Voices, &props.voices},
-                                        {PickList::Bodyparts, &props.bodyParts},
-                                        {PickList::Scan, &props.scans},
-                                        {PickList::Formations, &props.formations}})
-        transaction.WriteFileText(path("\\faction_prop\\" +
-                                       std::string(factionprops::ListPrefix(list)) +
-                                       platform::DiskName(n) + ".lst"),
-                                  factionprops::ListFileText(*entries));
 
     const std::string worldFile = initialworld::DataFile(projectFolder);
     transaction.WriteIni(n, "ids_name", faction.world.idsName, worldFile);
@@ -92,6 +72,42 @@ void WriteOriginalFaction(txtReadWrite::Transaction& transaction, const Original
     for (const StartingReputation& entry : faction.world.reputations)
         transaction.WriteIni(n, entry.nickname, entry.value, worldFile);
 }
+
+// A faction's own whole files, path and text: its empathy file and its five list files.
+std::vector<std::pair<std::string, std::string>> FactionFiles(const OriginalFaction& faction,
+                                                              const std::string& projectFolder) {
+    const std::string& n = faction.nickname;
+    std::vector<std::pair<std::string, std::string>> files;
+    files.reserve(6);
+    std::string empathy;
+    for (const EmpathyEntry& entry : faction.reputation.empathy)
+        empathy += "[" + entry.nickname + "]\r\nrep=" + entry.value + "\r\n";
+    files.emplace_back(reputation::EmpathyFile(projectFolder, n), std::move(empathy));
+
+    using factionprops::PickList;
+    const OriginalFactionProps& props = faction.props;
+    for (const auto& [list, entries] : {std::pair{PickList::Ships, &props.ships},
+                                        {PickList::Voices, &props.voices},
+                                        {PickList::Bodyparts, &props.bodyParts},
+                                        {PickList::Scan, &props.scans},
+                                        {PickList::Formations, &props.formations}})
+        files.emplace_back(projectFolder + "\\faction_prop\\" +
+                               std::string(factionprops::ListPrefix(list)) +
+                               platform::DiskName(n) + ".lst",
+                           factionprops::ListFileText(*entries));
+    return files;
+}
+
+// Adds the per-faction writes of one faction to a transaction; projectFolder is
+// <app dir>\projects\<project>.
+void WriteOriginalFaction(txtReadWrite::Transaction& transaction, const OriginalFaction& faction,
+                          const std::string& projectFolder) {
+    WriteFactionValues(transaction, faction, projectFolder);
+    for (auto& [path, text] : FactionFiles(faction, projectFolder))
+        transaction.WriteFileText(path, text);
+}
+
+} // namespace
 
 OriginalFaction ReadOriginalFaction(std::string_view appDir, std::string_view nickname) {
     return ReadFrom(appDir, nickname, nickname, nickname);
@@ -129,39 +145,70 @@ ImportAllResult ImportAllOriginalFactions(std::string_view appDir, const std::st
         return (it != byFolded.end() && it->first == folded) ? it->second : name;
     };
 
-    // The entries are read and checked on a second thread while this one adds those read
-    // already to the transaction; nothing reaches the disk before the commit at the end.
-    using Entry = std::variant<OriginalFaction, LibraryError>;
-    ReadAhead<Entry> read(entries.size(), [&](std::size_t i) -> Entry {
-        const std::string& name = entries[i];
-        try {
-            return ReadFrom(appDir, name, spelled(propNames, name), spelled(worldNames, name));
-        } catch (const LibraryError& error) {
-            return error;
-        }
-    });
-
-    ImportAllResult result;
-    progress::Step at{0, entries.size(), 0, 0};
-    progress::Tell(report, at);
-    txtReadWrite::Transaction transaction; // each file parsed once and written once
-    for (std::size_t i = 0; i < entries.size(); ++i) {
-        Entry entry = read.Take(i);
-        if (const auto* faction = std::get_if<OriginalFaction>(&entry)) {
-            WriteOriginalFaction(transaction, *faction, projectFolder);
-            result.imported.push_back(faction->nickname);
-        } else {
-            result.refused.push_back(std::get<LibraryError>(std::move(entry)));
-        }
-        at.outerDone = i + 1;
-        progress::Tell(report, at);
-    }
-
-    // A name that only the other folders hold is an entry without its reputation file.
     std::vector<std::string> folded;
     for (const std::string& name : entries)
         folded.push_back(names::Folded(name));
     std::sort(folded.begin(), folded.end());
+
+    // Three threads share the work, each on its own entry: one reads and checks the
+    // entries, the next writes each entry's own files (its empathy and list files) ahead
+    // into temporary files, and this one adds the values to the transaction. The commit
+    // puts the files written ahead in place with the rest, all or nothing. Names that differ
+    // only in capitals would write the same files, the later entry's winning, an order only
+    // the transaction keeps: such a library is imported without writing ahead.
+    const bool writeAhead = std::adjacent_find(folded.begin(), folded.end()) == folded.end();
+    using Entry = std::variant<OriginalFaction, LibraryError>;
+    struct ReadEntry {
+        Entry entry;
+        std::vector<std::pair<std::string, std::string>> files; // path, text; when written ahead
+    };
+    platform::StagedReplacement replacement;
+    platform::PathResolver aheadPaths; // used by the writing thread only
+    ImportAllResult result;
+    txtReadWrite::Transaction transaction; // each file parsed once and written once
+    {
+        ReadAhead<ReadEntry> read(entries.size(), [&](std::size_t i) -> ReadEntry {
+            const std::string& name = entries[i];
+            try {
+                OriginalFaction faction =
+                    ReadFrom(appDir, name, spelled(propNames, name), spelled(worldNames, name));
+                auto files = writeAhead ? FactionFiles(faction, projectFolder)
+                                        : std::vector<std::pair<std::string, std::string>>{};
+                return {std::move(faction), std::move(files)};
+            } catch (const LibraryError& error) {
+                return {error, {}};
+            }
+        });
+        ReadAhead<Entry> written(entries.size(), [&](std::size_t i) -> Entry {
+            ReadEntry readEntry = read.Take(i);
+            for (auto& [path, text] : readEntry.files) {
+                const auto found = aheadPaths.Find(path);
+                replacement.StageResolved(found.path, txtReadWrite::FileBytes(std::move(text)),
+                                          found.listed ? platform::Presence::Present
+                                                       : platform::Presence::Missing);
+            }
+            return std::move(readEntry.entry);
+        });
+
+        progress::Step at{0, entries.size(), 0, 0};
+        progress::Tell(report, at);
+        for (std::size_t i = 0; i < entries.size(); ++i) {
+            Entry entry = written.Take(i);
+            if (const auto* faction = std::get_if<OriginalFaction>(&entry)) {
+                if (writeAhead)
+                    WriteFactionValues(transaction, *faction, projectFolder);
+                else
+                    WriteOriginalFaction(transaction, *faction, projectFolder);
+                result.imported.push_back(faction->nickname);
+            } else {
+                result.refused.push_back(std::get<LibraryError>(std::move(entry)));
+            }
+            at.outerDone = i + 1;
+            progress::Tell(report, at);
+        }
+    } // the other threads have ended
+
+    // A name that only the other folders hold is an entry without its reputation file.
     for (const auto* others : {&propNames, &worldNames})
         for (const auto& [key, name] : *others)
             if (!std::binary_search(folded.begin(), folded.end(), key)) {
@@ -175,7 +222,7 @@ ImportAllResult ImportAllOriginalFactions(std::string_view appDir, const std::st
                                     "the library name is refused: " +
                                         std::string(modFunctions::NameNotFromDisk));
 
-    transaction.Commit();
+    transaction.Commit(replacement);
     return result;
 }
 

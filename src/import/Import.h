@@ -24,11 +24,6 @@ struct OriginalFaction {
 // LibraryError for a refused name, a missing file or a malformed line.
 OriginalFaction ReadOriginalFaction(std::string_view appDir, std::string_view nickname);
 
-// Adds the per-faction writes of one faction to a transaction; projectFolder is
-// <app dir>\projects\<project>.
-void WriteOriginalFaction(txtReadWrite::Transaction& transaction, const OriginalFaction& faction,
-                          const std::string& projectFolder);
-
 // Reads, checks and imports one faction. Throws LibraryError (nothing written),
 // IniWriteError or platform::FileError (nothing written either).
 void ImportOriginalFaction(std::string_view appDir, std::string_view nickname,
