@@ -87,6 +87,15 @@ std::uint64_t FoldedHash(std::string_view name) {
     return hash;
 }
 
+// A value as it is stored, its line breaks escaped; most hold none and are stored as given,
+// else the escaped form is made in copy.
+std::string_view Escaped(std::string_view value, std::string& copy) {
+    if (value.find('\r') == std::string_view::npos)
+        return value;
+    copy = ini::EscapeLineBreaks(value);
+    return copy;
+}
+
 // Sections with at most this many keys are searched line by line instead of indexed.
 constexpr std::uint32_t SmallSection = 8;
 
@@ -120,7 +129,7 @@ template <typename NameOf>
 bool IniDocument::NameIndex::Insert(std::string_view name, std::uint64_t hash, std::uint32_t id,
                                     const NameOf& nameOf) {
     if ((count_ + 1) * 2 > slots_.size())
-        Grow();
+        Grow(std::max<std::size_t>(8, slots_.size() * 2));
     const std::size_t mask = slots_.size() - 1;
     const auto shortHash = static_cast<std::uint32_t>(hash);
     for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
@@ -135,10 +144,18 @@ bool IniDocument::NameIndex::Insert(std::string_view name, std::uint64_t hash, s
     }
 }
 
-void IniDocument::NameIndex::Grow() {
+void IniDocument::NameIndex::Reserve(std::size_t names) {
+    std::size_t slots = std::max<std::size_t>(8, slots_.size());
+    while (names * 2 > slots)
+        slots *= 2;
+    if (slots != slots_.size())
+        Grow(slots);
+}
+
+void IniDocument::NameIndex::Grow(std::size_t slots) {
     // The stored 32 bits of each hash place it again; names need not be looked at.
     std::vector<Slot> old = std::move(slots_);
-    slots_.assign(std::max<std::size_t>(8, old.size() * 2), Slot{});
+    slots_.assign(slots, Slot{});
     const std::size_t mask = slots_.size() - 1;
     for (const Slot& slot : old) {
         if (slot.id == Empty)
@@ -307,6 +324,18 @@ std::optional<std::string_view> IniDocument::Stored(std::string_view section,
     return StoredIn(FindSection(section), key);
 }
 
+std::optional<std::string_view> IniDocument::Stored(std::string_view section,
+                                                    std::uint64_t sectionHash,
+                                                    std::string_view key) const {
+    const auto found = sectionIndex_.Find(section, sectionHash,
+                                          [this](std::uint32_t id) { return SectionName(id); });
+    return StoredIn(found ? &sections_[*found] : nullptr, key);
+}
+
+std::uint64_t IniDocument::NameHash(std::string_view name) {
+    return FoldedHash(name);
+}
+
 std::optional<std::string_view> IniDocument::StoredIn(const Section* found,
                                                       std::string_view key) const {
     if (!found)
@@ -318,6 +347,12 @@ std::optional<std::string_view> IniDocument::StoredIn(const Section* found,
 }
 
 namespace {
+// Short values without the escape's first byte read back as they are stored.
+bool ReadsAsStored(std::string_view stored) {
+    return stored.size() <= ini::MaxReadBytes &&
+           stored.find(ini::LineBreakEscape.front()) == std::string_view::npos;
+}
+
 // A value as a read returns it: cut to the read limit, then escapes decoded.
 std::string Decoded(std::string_view value) {
     if (value.size() > ini::MaxReadBytes)
@@ -342,6 +377,13 @@ template <typename Visit> void ForEachLine(std::string_view bytes, const Visit& 
     }
 }
 } // namespace
+
+void IniDocument::AppendAsRead(std::string& out, std::string_view stored) {
+    if (ReadsAsStored(stored))
+        out += stored;
+    else
+        out += Decoded(stored);
+}
 
 std::string IniDocument::ReadOnce(std::string_view bytes, std::string_view section,
                                   std::string_view key, std::string_view defaultValue) {
@@ -392,9 +434,7 @@ void IniDocument::ReadEach(std::string_view section, const std::vector<std::stri
         if (line)
             expected = *line + 1;
         const std::string_view value = line ? StoredOn(*line) : defaultValue;
-        // Short values without the escape's first byte read back as they are stored.
-        if (value.size() <= ini::MaxReadBytes &&
-            value.find(ini::LineBreakEscape.front()) == std::string_view::npos)
+        if (ReadsAsStored(value))
             take(value);
         else
             take(Decoded(value));
@@ -422,12 +462,20 @@ const IniDocument::Section* IniDocument::SectionToWrite(std::string_view section
     return found;
 }
 
+bool IniDocument::ReplaceValue(std::size_t line, std::string_view escaped) {
+    const std::string_view text = Text(line);
+    const std::size_t equals = text.find('=');
+    if (Trim(text.substr(equals + 1)) == escaped)
+        return false;
+    // The key keeps its spelling (and so its place in the index).
+    const Placed placed = Own({Trim(text.substr(0, equals)), "=", escaped});
+    lines_[line] = {placed.store, placed.offset, placed.length, lines_[line].ending};
+    return true;
+}
+
 bool IniDocument::Write(std::string_view section, std::string_view key, std::string_view value) {
-    // Most values hold no line break and are written as they are given.
     std::string escapedCopy;
-    std::string_view escaped = value;
-    if (value.find('\r') != std::string_view::npos)
-        escaped = escapedCopy = ini::EscapeLineBreaks(value);
+    const std::string_view escaped = Escaped(value, escapedCopy);
     const Section* constFound = SectionToWrite(section);
     if (!constFound) {
         if (!lines_.empty() && lines_.back().ending == Ending::None)
@@ -439,16 +487,8 @@ bool IniDocument::Write(std::string_view section, std::string_view key, std::str
     Section& found = sections_[static_cast<std::size_t>(constFound - sections_.data())];
     // Hashed once: a key that is not there yet is looked up, then indexed.
     const std::uint64_t keyHash = FoldedHash(key);
-    if (const auto at = FindKeyLine(found, key, keyHash)) {
-        const std::string_view text = Text(*at);
-        const std::size_t equals = text.find('=');
-        if (Trim(text.substr(equals + 1)) == escaped)
-            return false;
-        // The key keeps its spelling (and so its place in the index).
-        const Placed placed = Own({Trim(text.substr(0, equals)), "=", escaped});
-        lines_[*at] = {placed.store, placed.offset, placed.length, lines_[*at].ending};
-        return true;
-    }
+    if (const auto at = FindKeyLine(found, key, keyHash))
+        return ReplaceValue(*at, escaped);
     // A new key goes right after the section's last non-blank line.
     std::size_t after = found.lastLine;
     while (after > found.header && IsBlankLine(Text(after)))
@@ -465,7 +505,46 @@ bool IniDocument::Write(std::string_view section, std::string_view key, std::str
         ++s->header;
         ++s->lastLine;
     }
-    AddKey(found, key, index, keyHash);
+    // Indexed under the key as a reading of the line finds it, which blanks around the given
+    // key or a "=" in it would change.
+    const std::string_view lineKey = KeyOfLine(index);
+    AddKey(found, lineKey, index,
+           lineKey == key ? std::optional<std::uint64_t>(keyHash) : std::nullopt);
+    return true;
+}
+
+bool IniDocument::WriteEach(std::string_view section, const std::vector<KeyValue>& values) {
+    // A new section is added in one piece only when its header line reads back as its name
+    // (a "]" or blanks at its ends would not), as the later writes of Write find it then.
+    const bool readsBack =
+        section.find_first_of("]\r\n") == std::string_view::npos && Trim(section) == section;
+    if (values.empty() || !readsBack || SectionToWrite(section)) {
+        bool changed = false;
+        for (const auto& [key, value] : values)
+            changed = Write(section, key, value) || changed;
+        return changed;
+    }
+    if (!lines_.empty() && lines_.back().ending == Ending::None)
+        lines_.back().ending = Ending::CrLf;
+    const std::size_t needed = lines_.size() + 1 + values.size();
+    if (lines_.capacity() < needed)
+        lines_.reserve(std::max(needed, 2 * lines_.capacity()));
+    AddOwnedLine({"[", section, "]"}, Ending::CrLf);
+    const auto number = sections_.size() - 1;
+    if (values.size() > SmallSection) {
+        sections_[number].keyCount = static_cast<std::uint32_t>(values.size());
+        sections_[number].indexed = true;
+        sections_[number].keys.Reserve(values.size());
+    }
+    for (const auto& [key, value] : values) {
+        std::string escapedCopy;
+        const std::string_view escaped = Escaped(value, escapedCopy);
+        // A key given twice: the later value replaces the earlier, as with Write.
+        if (const auto at = FindKeyLine(sections_[number], key))
+            ReplaceValue(*at, escaped);
+        else
+            AddOwnedLine({key, "=", escaped}, Ending::CrLf);
+    }
     return true;
 }
 

@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 class IniDocument {
@@ -20,6 +21,11 @@ public:
     // The stored value, blanks around it removed, before any cut or decoding;
     // nullopt when the section or key is missing.
     std::optional<std::string_view> Stored(std::string_view section, std::string_view key) const;
+    // The same with the section name's NameHash worked out by the caller: a compile reads the
+    // same sections in hundreds of documents.
+    std::optional<std::string_view> Stored(std::string_view section, std::uint64_t sectionHash,
+                                           std::string_view key) const;
+    static std::uint64_t NameHash(std::string_view name);
     // What a read returns: the stored value or the default, cut to 254 bytes, escapes decoded.
     std::string Read(std::string_view section, std::string_view key,
                      std::string_view defaultValue) const;
@@ -41,6 +47,11 @@ public:
     std::optional<std::string> ReadStored(std::string_view section, std::string_view key) const;
     // Stores a value (CR LF escaped here). False when the stored value was equal already.
     bool Write(std::string_view section, std::string_view key, std::string_view value);
+    // Write for each key and value in turn, with the same outcome; a section that is not
+    // there yet is added in one piece, its key index made once at its final size (an import
+    // adds a section of hundreds of keys per faction).
+    using KeyValue = std::pair<std::string_view, std::string_view>;
+    bool WriteEach(std::string_view section, const std::vector<KeyValue>& values);
 
     // A value line that a read can reach: the first line of its key in the first section of
     // its name (later repeats are shadowed). Views into the document; line counts from 1.
@@ -50,6 +61,8 @@ public:
         std::string_view stored; // blanks around it removed, as Stored gives it
         std::size_t line;
     };
+    // Appends what a read returns for a stored value: cut to the read limit, escapes decoded.
+    static void AppendAsRead(std::string& out, std::string_view stored);
     // Calls visit for every reachable value line, in file order.
     void ForEachValue(const std::function<void(const Value&)>& visit) const;
 
@@ -71,6 +84,8 @@ private:
         template <typename NameOf>
         std::optional<std::uint32_t> Find(std::string_view name, std::uint64_t hash,
                                           const NameOf& nameOf) const;
+        // Makes room for this many names in all, so that inserting them grows nothing.
+        void Reserve(std::size_t names);
         // Keeps the first occurrence: false when the name is there already.
         template <typename NameOf>
         bool Insert(std::string_view name, std::uint64_t hash, std::uint32_t id,
@@ -89,7 +104,7 @@ private:
             std::uint32_t hash = 0;
         };
         static constexpr std::uint32_t Empty = 0xFFFFFFFFu;
-        void Grow();
+        void Grow(std::size_t slots);
         std::vector<Slot> slots_;
         std::size_t count_ = 0;
     };
@@ -130,6 +145,8 @@ private:
     };
     // Copies a written line, given in pieces, into the current chunk of written_.
     Placed Own(std::initializer_list<std::string_view> pieces);
+    // Puts an escaped value on a key's line; false when it holds that value already.
+    bool ReplaceValue(std::size_t line, std::string_view escaped);
     void AddOwnedLine(std::initializer_list<std::string_view> pieces, Ending ending);
 
     std::string bytes_;

@@ -246,9 +246,7 @@ std::string Transaction::ReadIni(std::string_view section, std::string_view key,
     return txtReadWrite::ReadIni(section, key, defaultValue, path);
 }
 
-void Transaction::WriteIni(std::string_view section, std::string_view key, std::string_view value,
-                           const std::string& file) {
-    const std::string& path = IniFile(file);
+Transaction::Pending& Transaction::IniSlot(const std::string& path) {
     Pending& slot = Slot(path);
     if (!slot.isIni) {
         try {
@@ -258,7 +256,21 @@ void Transaction::WriteIni(std::string_view section, std::string_view key, std::
         }
         slot.isIni = true;
     }
+    return slot;
+}
+
+void Transaction::WriteIni(std::string_view section, std::string_view key, std::string_view value,
+                           const std::string& file) {
+    Pending& slot = IniSlot(IniFile(file));
     if (slot.ini->Write(section, key, value))
+        slot.changed = true;
+}
+
+void Transaction::WriteEach(std::string_view section,
+                            const std::vector<IniDocument::KeyValue>& values,
+                            const std::string& file) {
+    Pending& slot = IniSlot(IniFile(file));
+    if (slot.ini->WriteEach(section, values))
         slot.changed = true;
 }
 
@@ -284,8 +296,8 @@ void Transaction::Commit(platform::StagedReplacement& replacement) {
             replacement.Tidy(slot.file); // a re-run after a crash leaves no leftover
             continue;
         }
-        const std::string_view bytes = slot.isIni ? iniBytes.emplace_back(slot.ini->Bytes())
-                                                  : std::string_view(slot.text);
+        const std::string_view bytes =
+            slot.isIni ? iniBytes.emplace_back(slot.ini->Bytes()) : std::string_view(slot.text);
         files.push_back({slot.file, bytes,
                          slot.listed ? platform::Presence::Present : platform::Presence::Missing});
     }

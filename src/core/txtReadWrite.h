@@ -72,6 +72,9 @@ public:
                         std::string_view defaultValue, const std::string& file);
     void WriteIni(std::string_view section, std::string_view key, std::string_view value,
                   const std::string& file);
+    // WriteIni for each key and value in turn, the section looked up once.
+    void WriteEach(std::string_view section, const std::vector<IniDocument::KeyValue>& values,
+                   const std::string& file);
     void WriteFileText(const std::string& path, std::string_view text); // adds CR LF
     // Writes every changed file crash-safely; on failure no file changes. Throws IniWriteError
     // for an INI file and platform::FileError for a text file. The calls are the system's
@@ -91,6 +94,8 @@ private:
         bool listed = false; // the file existed when it was first looked up
     };
     Pending& Slot(const std::string& file);
+    // The slot of an INI file, its document loaded on first use.
+    Pending& IniSlot(const std::string& path);
     std::map<std::string, Pending> pending_;             // keyed by the folded resolved path
     std::unordered_map<std::string, std::string> keyOf_; // given path -> key in pending_
     std::vector<std::string> order_;

@@ -1,7 +1,7 @@
 #include "import/Import.h"
 
-#include "core/modFunctions.h"
 #include "core/ReadAhead.h"
+#include "core/modFunctions.h"
 #include "core/names.h"
 #include "factionprops/ListFiles.h"
 #include "factionprops/PropertySheet.h"
@@ -53,7 +53,8 @@ OriginalFaction ReadFrom(std::string_view appDir, std::string_view reputationNam
 void WriteFactionValues(txtReadWrite::Transaction& transaction, const OriginalFaction& faction,
                         const std::string& projectFolder) {
     const std::string& n = faction.nickname;
-    transaction.WriteIni(n, "grp", faction.reputation.group, projectFolder + "\\misc\\factions.ini");
+    transaction.WriteIni(n, "grp", faction.reputation.group,
+                         projectFolder + "\\misc\\factions.ini");
 
     const std::string eventFile = reputation::EventFile(projectFolder);
     for (const EventEntry& event : faction.reputation.events)
@@ -61,16 +62,19 @@ void WriteFactionValues(txtReadWrite::Transaction& transaction, const OriginalFa
             if (event.name == EventNames[e])
                 transaction.WriteIni(n, reputation::EventKeys[e], event.value, eventFile);
 
-    const std::string propFile = projectFolder + "\\faction_prop\\grp.ini";
+    std::vector<IniDocument::KeyValue> values;
     for (std::size_t i = 0; i < ProjectPropKeys.size(); ++i)
-        transaction.WriteIni(n, ProjectPropKeys[i], faction.props.values[i], propFile);
+        values.emplace_back(ProjectPropKeys[i], faction.props.values[i]);
+    transaction.WriteEach(n, values, projectFolder + "\\faction_prop\\grp.ini");
 
-    const std::string worldFile = initialworld::DataFile(projectFolder);
-    transaction.WriteIni(n, "ids_name", faction.world.idsName, worldFile);
-    transaction.WriteIni(n, "ids_info", faction.world.idsInfo, worldFile);
-    transaction.WriteIni(n, "ids_short_name", faction.world.idsShortName, worldFile);
-    for (const StartingReputation& entry : faction.world.reputations)
-        transaction.WriteIni(n, entry.nickname, entry.value, worldFile);
+    const OriginalInitialWorld& world = faction.world;
+    values = {{"ids_name", world.idsName},
+              {"ids_info", world.idsInfo},
+              {"ids_short_name", world.idsShortName}};
+    values.reserve(3 + world.reputations.size());
+    for (const StartingReputation& entry : world.reputations)
+        values.emplace_back(entry.nickname, entry.value);
+    transaction.WriteEach(n, values, initialworld::DataFile(projectFolder));
 }
 
 // A faction's own whole files, path and text: its empathy file and its five list files.
@@ -92,8 +96,8 @@ std::vector<std::pair<std::string, std::string>> FactionFiles(const OriginalFact
                                         {PickList::Scan, &props.scans},
                                         {PickList::Formations, &props.formations}})
         files.emplace_back(projectFolder + "\\faction_prop\\" +
-                               std::string(factionprops::ListPrefix(list)) +
-                               platform::DiskName(n) + ".lst",
+                               std::string(factionprops::ListPrefix(list)) + platform::DiskName(n) +
+                               ".lst",
                            factionprops::ListFileText(*entries));
     return files;
 }

@@ -43,6 +43,11 @@ void DeleteLeftoverScratchFiles(const std::string& projectFolder,
 std::string EmphatyText(const std::string& projectFolder, const std::vector<std::string>& factions,
                         const std::vector<std::string>& rows, const progress::Report& report) {
     const auto events = txtReadWrite::LoadIni(EventFile(projectFolder));
+    std::vector<std::uint64_t> rowHashes; // the rows are looked up in every faction's file
+    rowHashes.reserve(rows.size());
+    for (const std::string& row : rows)
+        rowHashes.push_back(IniDocument::NameHash(row));
+
     std::string out;
     progress::Step at{0, factions.size(), 0, rows.size()};
     progress::Tell(report, at);
@@ -57,8 +62,12 @@ std::string EmphatyText(const std::string& projectFolder, const std::vector<std:
         const IniDocument rates = txtReadWrite::ParseIniFile(EmpathyFile(projectFolder, g));
         for (std::size_t j = 0; j < rows.size(); ++j) {
             const std::string& row = rows[j];
-            if (row != g)
-                AppendLine(out, "emphaty_rate = ", row, ", ", rates.Read(row, RateKey, DefaultValue));
+            if (row != g) {
+                out.append("emphaty_rate = ").append(row).append(", ");
+                IniDocument::AppendAsRead(
+                    out, rates.Stored(row, rowHashes[j], RateKey).value_or(DefaultValue));
+                out.append(CrLf);
+            }
             if (report) {
                 at.innerDone = j + 1;
                 report(at);

@@ -55,3 +55,36 @@ TEST(IniFuzz, RandomInputReadsAndWritesWithoutHarmToOtherLines) {
         EXPECT_EQ(reparsed.Read(section, key, ""), "v\r\nw") << "round " << round;
     }
 }
+
+// Writing a run of values in one call leaves the same bytes as writing them one by one, in
+// a new section (repeated keys, keys with blanks or "=", line breaks in values, more keys than
+// a small section holds) and in an existing one, and reads find the same values afterwards.
+TEST(IniFuzz, WritingARunOfValuesEqualsWritingThemOneByOne) {
+    std::mt19937 rng(20261124);
+    const char* sections[] = {"sec", "new", "a]b", " b", "n\xE4u"};
+    const char* keys[] = {"key", "a", "A", " a", "k=v", "", "x1", "x2", "x3", "x4", "x5", "x6"};
+    const char* values[] = {"1", "v\r\nw", "", " 2 ", "=", "/20&\\"};
+    std::uniform_int_distribution<int> count(0, 30);
+    std::uniform_int_distribution<std::size_t> key(0, std::size(keys) - 1);
+    std::uniform_int_distribution<std::size_t> value(0, std::size(values) - 1);
+    for (int round = 0; round < 2000; ++round) {
+        const std::string input = RandomIni(rng);
+        const std::string section = sections[round % std::size(sections)];
+        std::vector<IniDocument::KeyValue> run;
+        for (int i = count(rng); i > 0; --i)
+            run.emplace_back(keys[key(rng)], values[value(rng)]);
+        IniDocument oneByOne(input), together(input);
+        bool changed = false;
+        for (const auto& [k, v] : run)
+            changed = oneByOne.Write(section, k, v) || changed;
+        ASSERT_EQ(together.WriteEach(section, run), changed) << "round " << round;
+        ASSERT_EQ(together.Bytes(), oneByOne.Bytes()) << "round " << round;
+        for (const char* k : keys)
+            ASSERT_EQ(together.Read(section, k, "-"), oneByOne.Read(section, k, "-"))
+                << "round " << round;
+        // Later single writes go where they would have gone.
+        oneByOne.Write(section, "x3", "later");
+        together.Write(section, "x3", "later");
+        ASSERT_EQ(together.Bytes(), oneByOne.Bytes()) << "round " << round;
+    }
+}
