@@ -11,8 +11,8 @@
 #include <exception>
 #include <fcntl.h>
 #include <signal.h>
-#include <thread>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 #include <unordered_map>
 
@@ -278,8 +278,8 @@ void StagedReplacement::StageAll(const std::vector<Staging>& files) {
     }
     for (std::size_t i = 0; i < files.size(); ++i)
         if (written[i])
-            staged_.push_back({files[i].hostPath, std::move(written[i]->path),
-                               written[i]->targetExisted});
+            staged_.push_back(
+                {files[i].hostPath, std::move(written[i]->path), written[i]->targetExisted});
     for (const std::exception_ptr& failure : failures)
         if (failure)
             std::rethrow_exception(failure);

@@ -99,8 +99,11 @@ TEST(FileReplacement, ALargeCommitFailingPartWayLeavesEveryFileAsItWas) {
         TempFolder::Write(temp / ("f" + std::to_string(i)), "old");
     const auto before = Snapshot(temp.path());
     using Call = FailingCalls::Call;
-    for (const auto& [call, n] : {std::pair{Call::Write, 1}, {Call::Write, 77}, {Call::Rename, 1},
-                                  {Call::Rename, 60}, {Call::Rename, 100}}) {
+    for (const auto& [call, n] : {std::pair{Call::Write, 1},
+                                  {Call::Write, 77},
+                                  {Call::Rename, 1},
+                                  {Call::Rename, 60},
+                                  {Call::Rename, 100}}) {
         FailingCalls calls(call, n);
         txtReadWrite::Transaction transaction;
         for (int i = 0; i < 100; ++i)
