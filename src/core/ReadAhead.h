@@ -33,8 +33,13 @@ public:
                 // Caught up: wait for a batch rather than for each item, so that the threads
                 // hand over a few dozen times instead of once per item.
                 wanted_ = std::min(items_.size(), i + Batch);
-                madeEnough_.wait(lock, [&] { return made_ >= wanted_; });
+                callerWaits_ = true;
+                changed_.wait(lock, [&] { return made_ >= wanted_; });
+                callerWaits_ = false;
             }
+            taken_ = i + 1; // whether the item is handed over or its failure thrown
+            if (makerWaits_ && taken_ >= room_)
+                changed_.notify_all();
         }
         if (failures_[i])
             std::rethrow_exception(failures_[i]);
@@ -44,10 +49,27 @@ public:
     }
 
 private:
+    // Items made but not taken stay below this many: the memory they hold is bounded, and
+    // reused by the items that follow.
+    static constexpr std::size_t Window = 4 * 16;
     static constexpr std::size_t Batch = 16;
 
     void MakeAll(const std::stop_token& stop) {
-        for (std::size_t i = 0; i < items_.size() && !stop.stop_requested(); ++i) {
+        for (std::size_t i = 0; i < items_.size(); ++i) {
+            {
+                std::unique_lock lock(mutex_);
+                if (i >= taken_ + Window) {
+                    // Ahead by a whole window: go on once the caller has taken a batch.
+                    room_ = i + Batch - Window;
+                    makerWaits_ = true;
+                    const bool room = changed_.wait(lock, stop, [&] { return taken_ >= room_; });
+                    makerWaits_ = false;
+                    if (!room)
+                        return;
+                }
+            }
+            if (stop.stop_requested())
+                return;
             try {
                 items_[i].emplace(make_(i));
             } catch (...) {
@@ -55,8 +77,8 @@ private:
             }
             const std::lock_guard lock(mutex_);
             made_ = i + 1;
-            if (made_ == wanted_)
-                madeEnough_.notify_one();
+            if (callerWaits_ && made_ >= wanted_)
+                changed_.notify_all();
         }
     }
 
@@ -64,8 +86,11 @@ private:
     std::vector<std::exception_ptr> failures_;
     std::function<T(std::size_t)> make_;
     std::mutex mutex_;
-    std::condition_variable madeEnough_;
-    std::size_t made_ = 0;   // items made so far
-    std::size_t wanted_ = 0; // what the caller waits for, when it waits
-    std::jthread worker_;    // last: started once everything it uses is ready, stopped first
+    std::condition_variable_any changed_; // made_ reached wanted_, or taken_ reached room_
+    std::size_t made_ = 0;                // items made so far
+    std::size_t taken_ = 0;               // items taken so far
+    std::size_t wanted_ = 0;              // what the caller waits for, when it waits
+    std::size_t room_ = 0;                // what the maker waits for, when it waits
+    bool callerWaits_ = false, makerWaits_ = false;
+    std::jthread worker_; // last: started once everything it uses is ready, stopped first
 };

@@ -1,0 +1,47 @@
+#include "core/ReadAhead.h"
+
+#include <atomic>
+#include <gtest/gtest.h>
+#include <stdexcept>
+#include <string>
+
+namespace {
+
+// Items arrive in order whichever thread is ahead, each failure at its own item; the maker
+// runs ahead only so far, and stops when the reader is dropped part-way.
+TEST(ReadAhead, HandsOverEveryItemInOrderAndStopsWhenDropped) {
+    std::atomic<std::size_t> madeMost{0};
+    {
+        ReadAhead<std::string> items(1000, [&](std::size_t i) {
+            madeMost = i;
+            if (i % 97 == 0)
+                throw std::runtime_error("item " + std::to_string(i));
+            return std::to_string(i * i);
+        });
+        for (std::size_t i = 0; i < 1000; ++i) {
+            if (i % 97 == 0) {
+                EXPECT_THROW(items.Take(i), std::runtime_error) << i;
+                continue;
+            }
+            // A slow reader now and then, so that the maker reaches the end of its window.
+            if (i % 200 == 0)
+                while (madeMost < std::min<std::size_t>(999, i + 32))
+                    std::this_thread::yield();
+            EXPECT_EQ(items.Take(i), std::to_string(i * i));
+            EXPECT_LT(madeMost, i + 100);
+        }
+    }
+    // Dropped after three items: the maker, waiting for room, ends without making the rest.
+    std::atomic<std::size_t> made{0};
+    {
+        ReadAhead<int> items(100000, [&](std::size_t i) {
+            ++made;
+            return static_cast<int>(i);
+        });
+        for (std::size_t i = 0; i < 3; ++i)
+            EXPECT_EQ(items.Take(i), static_cast<int>(i));
+    }
+    EXPECT_LT(made, 1000u);
+}
+
+} // namespace
