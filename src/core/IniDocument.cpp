@@ -96,6 +96,12 @@ std::string_view Escaped(std::string_view value, std::string& copy) {
     return copy;
 }
 
+// A name index is grown before it is three quarters full: fuller, a probe walks far; emptier,
+// an import's hundreds of thousands of keys take much more memory.
+constexpr bool Crowded(std::size_t names, std::size_t slots) {
+    return names * 4 > slots * 3;
+}
+
 // Sections with at most this many keys are searched line by line instead of indexed.
 constexpr std::uint32_t SmallSection = 8;
 
@@ -128,7 +134,7 @@ std::optional<std::uint32_t> IniDocument::NameIndex::Find(std::string_view name,
 template <typename NameOf>
 bool IniDocument::NameIndex::Insert(std::string_view name, std::uint64_t hash, std::uint32_t id,
                                     const NameOf& nameOf) {
-    if ((count_ + 1) * 2 > slots_.size())
+    if (Crowded(count_ + 1, slots_.size()))
         Grow(std::max<std::size_t>(8, slots_.size() * 2));
     const std::size_t mask = slots_.size() - 1;
     const auto shortHash = static_cast<std::uint32_t>(hash);
@@ -146,7 +152,7 @@ bool IniDocument::NameIndex::Insert(std::string_view name, std::uint64_t hash, s
 
 void IniDocument::NameIndex::Reserve(std::size_t names) {
     std::size_t slots = std::max<std::size_t>(8, slots_.size());
-    while (names * 2 > slots)
+    while (Crowded(names, slots))
         slots *= 2;
     if (slots != slots_.size())
         Grow(slots);
@@ -219,8 +225,15 @@ IniDocument::Placed IniDocument::Own(std::initializer_list<std::string_view> pie
     // Grown once, then filled: three appends of a few bytes each cost more than the copying.
     chunk.resize(offset + length);
     char* to = chunk.data() + offset;
-    for (const std::string_view piece : pieces)
-        to = std::copy(piece.begin(), piece.end(), to);
+    for (const std::string_view piece : pieces) {
+        // Most pieces are a few bytes (a key, "=", a value): copied here, they cost less
+        // than a call of the library's copy each.
+        if (piece.size() <= 16)
+            for (const char c : piece)
+                *to++ = c;
+        else
+            to = std::copy(piece.begin(), piece.end(), to);
+    }
     return {static_cast<std::uint32_t>(written_.size()), offset,
             static_cast<std::uint32_t>(length)};
 }
@@ -539,11 +552,25 @@ bool IniDocument::WriteEach(std::string_view section, const std::vector<KeyValue
     for (const auto& [key, value] : values) {
         std::string escapedCopy;
         const std::string_view escaped = Escaped(value, escapedCopy);
+        const std::uint64_t keyHash = FoldedHash(key);
         // A key given twice: the later value replaces the earlier, as with Write.
-        if (const auto at = FindKeyLine(sections_[number], key))
+        if (const auto at = FindKeyLine(sections_[number], key, keyHash)) {
             ReplaceValue(*at, escaped);
-        else
+            continue;
+        }
+        // A key without blanks at its ends, "=" or a leading "[" is its line's key, as the
+        // parsing of the line would find: the line is added without being parsed.
+        const bool plainKey = !key.empty() && key.front() != '[' &&
+                              key.find('=') == std::string_view::npos && Trim(key) == key;
+        if (!plainKey) {
             AddOwnedLine({key, "=", escaped}, Ending::CrLf);
+            continue;
+        }
+        const Placed placed = Own({key, "=", escaped});
+        const auto index = static_cast<std::uint32_t>(lines_.size());
+        lines_.push_back({placed.store, placed.offset, placed.length, Ending::CrLf});
+        sections_[number].lastLine = index;
+        AddKey(sections_[number], key, index, keyHash);
     }
     return true;
 }

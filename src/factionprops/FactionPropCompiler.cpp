@@ -47,13 +47,13 @@ public:
         const auto found = files_.find(names::Folded(name));
         if (found == files_.end())
             return;
-        std::vector<std::string> lines;
+        std::string bytes;
         try {
-            lines = txtReadWrite::ReadLines(folder_ + "\\" + platform::DiskName(found->second));
+            bytes = txtReadWrite::ReadFileText(folder_ + "\\" + platform::DiskName(found->second));
         } catch (const std::exception&) {
             return; // an unreadable list adds nothing; the block goes on
         }
-        for (const std::string& line : lines) {
+        for (const std::string_view line : txtReadWrite::SplitLines(bytes)) {
             if (IsBlank(line))
                 continue;
             text += key;

@@ -82,7 +82,7 @@ std::vector<std::string> ListOriginalFactions(const std::string& folder,
 
 OriginalReputation ParseOriginalReputation(std::string_view text, const std::string& path) {
     OriginalReputation reputation;
-    reputation.group = IniDocument(text).Read("RepChangeEffects", "group", "[Error]");
+    reputation.group = IniDocument::ReadOnce(text, "RepChangeEffects", "group", "[Error]");
     const auto lines = txtReadWrite::SplitLines(text);
     for (long number = 1; number <= ReputationLinesRead; ++number) {
         if (static_cast<std::size_t>(number) > lines.size())
