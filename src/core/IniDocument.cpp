@@ -105,6 +105,16 @@ constexpr bool Crowded(std::size_t names, std::size_t slots) {
 // Sections with at most this many keys are searched line by line instead of indexed.
 constexpr std::uint32_t SmallSection = 8;
 
+// Copies a piece of a line to to, returning its end. Most pieces are a few bytes (a key,
+// "=", a value, a line end): copied here, they cost less than a call of the library's copy.
+char* CopyPiece(std::string_view piece, char* to) {
+    if (piece.size() > 16)
+        return std::copy(piece.begin(), piece.end(), to);
+    for (const char c : piece)
+        *to++ = c;
+    return to;
+}
+
 constexpr std::string_view EndingBytes(std::uint8_t ending) {
     return ending == 2   ? std::string_view("\r\n")
            : ending == 1 ? std::string_view("\n")
@@ -225,15 +235,8 @@ IniDocument::Placed IniDocument::Own(std::initializer_list<std::string_view> pie
     // Grown once, then filled: three appends of a few bytes each cost more than the copying.
     chunk.resize(offset + length);
     char* to = chunk.data() + offset;
-    for (const std::string_view piece : pieces) {
-        // Most pieces are a few bytes (a key, "=", a value): copied here, they cost less
-        // than a call of the library's copy each.
-        if (piece.size() <= 16)
-            for (const char c : piece)
-                *to++ = c;
-        else
-            to = std::copy(piece.begin(), piece.end(), to);
-    }
+    for (const std::string_view piece : pieces)
+        to = CopyPiece(piece, to);
     return {static_cast<std::uint32_t>(written_.size()), offset,
             static_cast<std::uint32_t>(length)};
 }
@@ -598,12 +601,12 @@ void IniDocument::ForEachValue(const std::function<void(const Value&)>& visit) c
 std::string IniDocument::Bytes() const {
     std::size_t size = 0;
     for (const Line& line : lines_)
-        size += line.length + 2;
-    std::string out;
-    out.reserve(size);
+        size += line.length + EndingBytes(static_cast<std::uint8_t>(line.ending)).size();
+    std::string out(size, '\0');
+    char* to = out.data();
     for (const Line& line : lines_) {
-        out += Text(line);
-        out += EndingBytes(static_cast<std::uint8_t>(line.ending));
+        to = CopyPiece(Text(line), to);
+        to = CopyPiece(EndingBytes(static_cast<std::uint8_t>(line.ending)), to);
     }
     return out;
 }

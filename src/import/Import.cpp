@@ -85,7 +85,11 @@ std::vector<std::pair<std::string, std::string>> FactionFiles(const OriginalFact
     files.reserve(6);
     std::string empathy;
     for (const EmpathyEntry& entry : faction.reputation.empathy)
-        empathy += "[" + entry.nickname + "]\r\nrep=" + entry.value + "\r\n";
+        empathy.append("[")
+            .append(entry.nickname)
+            .append("]\r\nrep=")
+            .append(entry.value)
+            .append("\r\n");
     files.emplace_back(reputation::EmpathyFile(projectFolder, n), std::move(empathy));
 
     using factionprops::PickList;
