@@ -69,8 +69,9 @@ bool Writable(const std::string& target, const struct stat& existing) {
 
 // Writes the bytes into a new temporary file beside the target. newFileMode: the mode that a
 // new file gets here, learnt from the first temporary file that needs it.
-Temporary WriteTemporary(FileCalls& calls, const std::string& target, std::string_view bytes,
-                         Presence presence, std::optional<mode_t>& newFileMode) {
+Temporary WriteTemporary(FileCalls& calls, const std::string& target,
+                         const StagedReplacement::Pieces& pieces, Presence presence,
+                         std::optional<mode_t>& newFileMode) {
     struct stat existing {};
     const bool exists = presence != Presence::Missing && ::stat(target.c_str(), &existing) == 0;
     if (exists && !S_ISREG(existing.st_mode))
@@ -101,12 +102,17 @@ Temporary WriteTemporary(FileCalls& calls, const std::string& target, std::strin
             ::fchmod(file.fd, existing.st_mode & 07777);
         // No sync per file: the rename alone guarantees that a crashed program leaves the old
         // or the new file, and syncing every keystroke's write would make editing sluggish.
-        WriteAll(calls, file.fd, bytes, target);
+        pieces([&](std::string_view piece) { WriteAll(calls, file.fd, piece, target); });
     } catch (...) {
         ::unlink(temporary.path.c_str());
         throw;
     }
     return temporary;
+}
+
+// Bytes given whole, as one piece.
+StagedReplacement::Pieces Whole(std::string_view bytes) {
+    return [bytes](const std::function<void(std::string_view)>& put) { put(bytes); };
 }
 
 // Below this many files a second thread costs more to start than it saves.
@@ -245,7 +251,8 @@ void StagedReplacement::Stage(std::string_view path, std::string_view bytes) {
 void StagedReplacement::StageResolved(const std::string& hostPath, std::string_view bytes,
                                       Presence presence) {
     Tidy(hostPath);
-    Temporary temporary = WriteTemporary(calls_, hostPath, bytes, presence, newFileMode_);
+    Temporary temporary =
+        WriteTemporary(calls_, hostPath, Whole(bytes), presence, newFileMode_);
     staged_.push_back({hostPath, std::move(temporary.path), temporary.targetExisted});
 }
 
@@ -258,8 +265,10 @@ void StagedReplacement::StageAll(const std::vector<Staging>& files) {
     const auto writeEvery = [&](std::size_t first, std::size_t step, std::optional<mode_t>& mode) {
         for (std::size_t i = first; i < files.size(); i += step) {
             try {
-                written[i] = WriteTemporary(calls_, files[i].hostPath, files[i].bytes,
-                                            files[i].presence, mode);
+                const Staging& file = files[i];
+                written[i] = WriteTemporary(calls_, file.hostPath,
+                                            file.pieces ? file.pieces : Whole(file.bytes),
+                                            file.presence, mode);
             } catch (...) {
                 failures[i] = std::current_exception();
             }

@@ -4,6 +4,7 @@
 #include "core/platformBasics.h"
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -57,10 +58,14 @@ public:
     // The same for a path that was resolved already (a host path).
     void StageResolved(const std::string& hostPath, std::string_view bytes,
                        Presence presence = Presence::Unknown);
+    // The bytes of a file handed over piece by piece, each piece valid for its call: a file
+    // of megabytes need never be assembled whole.
+    using Pieces = std::function<void(const std::function<void(std::string_view)>& put)>;
     struct Staging {
         const std::string& hostPath;
         std::string_view bytes;
         Presence presence = Presence::Unknown;
+        Pieces pieces = {}; // when set, the file's bytes instead of bytes
     };
     // StageResolved for each file. A large batch is written by two threads: creating many
     // small files is most of its time, and a second core cuts that by a third. When one fails,

@@ -543,8 +543,10 @@ bool IniDocument::WriteEach(std::string_view section, const std::vector<KeyValue
     if (!lines_.empty() && lines_.back().ending == Ending::None)
         lines_.back().ending = Ending::CrLf;
     const std::size_t needed = lines_.size() + 1 + values.size();
+    // Grown fourfold: room reserved and not yet used costs no memory, while each growth
+    // copies every line.
     if (lines_.capacity() < needed)
-        lines_.reserve(std::max(needed, 2 * lines_.capacity()));
+        lines_.reserve(std::max(needed, 4 * lines_.capacity()));
     AddOwnedLine({"[", section, "]"}, Ending::CrLf);
     const auto number = sections_.size() - 1;
     if (values.size() > SmallSection) {
@@ -599,14 +601,37 @@ void IniDocument::ForEachValue(const std::function<void(const Value&)>& visit) c
 }
 
 std::string IniDocument::Bytes() const {
+    std::string out;
+    WriteTo([&out](std::string_view piece) {
+        if (out.empty())
+            out = piece; // a small file is one piece
+        else
+            out += piece;
+    });
+    return out;
+}
+
+void IniDocument::WriteTo(const std::function<void(std::string_view)>& put) const {
+    constexpr std::size_t PieceSize = 256 * 1024;
     std::size_t size = 0;
     for (const Line& line : lines_)
-        size += line.length + EndingBytes(static_cast<std::uint8_t>(line.ending)).size();
-    std::string out(size, '\0');
-    char* to = out.data();
+        size += line.length + 2;
+    std::string buffer(std::min(size, PieceSize), '\0');
+    char* to = buffer.data();
     for (const Line& line : lines_) {
-        to = CopyPiece(Text(line), to);
-        to = CopyPiece(EndingBytes(static_cast<std::uint8_t>(line.ending)), to);
+        const std::string_view text = Text(line);
+        const std::string_view end = EndingBytes(static_cast<std::uint8_t>(line.ending));
+        if (static_cast<std::size_t>(buffer.data() + buffer.size() - to) < text.size() + 2) {
+            put(std::string_view(buffer.data(), static_cast<std::size_t>(to - buffer.data())));
+            to = buffer.data();
+            if (text.size() + 2 > buffer.size()) { // a line longer than a piece
+                put(text);
+                put(end);
+                continue;
+            }
+        }
+        to = CopyPiece(end, CopyPiece(text, to));
     }
-    return out;
+    if (to != buffer.data())
+        put(std::string_view(buffer.data(), static_cast<std::size_t>(to - buffer.data())));
 }

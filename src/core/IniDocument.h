@@ -68,6 +68,9 @@ public:
 
     // The whole file as it would be written.
     std::string Bytes() const;
+    // The same handed to put in pieces of some hundred kilobytes, each valid for its call:
+    // a large file is written without being assembled whole.
+    void WriteTo(const std::function<void(std::string_view)>& put) const;
     bool Empty() const { return lines_.empty(); }
 
 private:

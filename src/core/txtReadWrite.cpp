@@ -2,7 +2,6 @@
 
 #include "core/names.h"
 
-#include <deque>
 #include <mutex>
 #include <unordered_map>
 
@@ -288,7 +287,6 @@ void Transaction::Commit(platform::FileCalls& calls) {
 }
 
 void Transaction::Commit(platform::StagedReplacement& replacement) {
-    std::deque<std::string> iniBytes; // a deque: the views handed on stay valid as it grows
     std::vector<platform::StagedReplacement::Staging> files;
     for (const std::string& keyName : order_) {
         Pending& slot = pending_.at(keyName);
@@ -296,10 +294,13 @@ void Transaction::Commit(platform::StagedReplacement& replacement) {
             replacement.Tidy(slot.file); // a re-run after a crash leaves no leftover
             continue;
         }
-        const std::string_view bytes =
-            slot.isIni ? iniBytes.emplace_back(slot.ini->Bytes()) : std::string_view(slot.text);
-        files.push_back({slot.file, bytes,
-                         slot.listed ? platform::Presence::Present : platform::Presence::Missing});
+        const auto presence =
+            slot.listed ? platform::Presence::Present : platform::Presence::Missing;
+        if (slot.isIni) // written in pieces: a large INI file is never assembled whole
+            files.push_back({slot.file, {}, presence,
+                             [&document = *slot.ini](const auto& put) { document.WriteTo(put); }});
+        else
+            files.push_back({slot.file, slot.text, presence});
     }
     try {
         replacement.StageAll(files);

@@ -176,3 +176,23 @@ TEST(IniDocument, WritesInARowFindTheFirstSectionOfTheName) {
     doc.Write("a", "w", "5");
     EXPECT_EQ(doc.Bytes(), fresh.Bytes());
 }
+
+TEST(IniDocument, ALargeFileIsWrittenInPiecesThatMakeItWhole) {
+    std::string input = "[s]\r\n";
+    for (int i = 0; i < 20000; ++i)
+        input += "k" + std::to_string(i) + "=" + std::string(20, 'v') + "\r\n";
+    input += "long=" + std::string(300000, 'x') + "\nlast";
+    IniDocument doc(input);
+    doc.Write("s", "k5", "changed");
+    std::string expected = input;
+    expected.replace(expected.find("k5=vvvvvvvvvvvvvvvvvvvv"), 23, "k5=changed");
+    std::string whole;
+    int pieces = 0;
+    doc.WriteTo([&](std::string_view piece) {
+        whole += piece;
+        ++pieces;
+    });
+    EXPECT_EQ(whole, expected);
+    EXPECT_EQ(doc.Bytes(), expected);
+    EXPECT_GT(pieces, 2);
+}
