@@ -2,6 +2,7 @@
 
 #include "core/names.h"
 
+#include <algorithm>
 #include <mutex>
 #include <unordered_map>
 
@@ -186,6 +187,9 @@ void AppendFileText(const std::string& path, std::string_view text) {
 
 std::vector<std::string_view> SplitLines(std::string_view bytes) {
     std::vector<std::string_view> lines;
+    // Counted first: a library file of hundreds of lines would otherwise grow the list
+    // many times.
+    lines.reserve(static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n')) + 1);
     std::size_t pos = 0;
     while (pos < bytes.size()) {
         const std::size_t lf = bytes.find('\n', pos);
