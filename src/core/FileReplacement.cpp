@@ -52,42 +52,44 @@ void WriteAll(FileCalls& calls, int fd, std::string_view bytes, const std::strin
 }
 
 struct Temporary {
-    std::string path;
+    std::string name; // in the target's folder
     bool targetExisted = false;
 };
 
 // Whether a file may be replaced. A file without write permission is read-only for everyone,
 // the superuser included; for its owner its owner's bit decides, so only others need to ask.
-bool Writable(const std::string& target, const struct stat& existing) {
+bool Writable(int dir, const std::string& name, const struct stat& existing) {
     static const uid_t user = ::geteuid();
     if ((existing.st_mode & 0222) == 0)
         return false;
     if (existing.st_uid == user)
         return user == 0 || (existing.st_mode & S_IWUSR) != 0;
-    return ::access(target.c_str(), W_OK) == 0;
+    return ::faccessat(dir, name.c_str(), W_OK, 0) == 0;
 }
 
-// Writes the bytes into a new temporary file beside the target. newFileMode: the mode that a
-// new file gets here, learnt from the first temporary file that needs it.
-Temporary WriteTemporary(FileCalls& calls, const std::string& target,
-                         const StagedReplacement::Pieces& pieces, Presence presence,
-                         std::optional<mode_t>& newFileMode) {
+// Writes the bytes into a new temporary file beside the target, named in the folder open as
+// dir. newFileMode: the mode that a new file gets here, learnt from the first temporary file
+// that needs it.
+Temporary WriteTemporary(FileCalls& calls, int dir, const std::string& target,
+                         const std::string& name, const StagedReplacement::Pieces& pieces,
+                         Presence presence, std::optional<mode_t>& newFileMode) {
     struct stat existing {};
-    const bool exists = presence != Presence::Missing && ::stat(target.c_str(), &existing) == 0;
+    const bool exists =
+        presence != Presence::Missing && ::fstatat(dir, name.c_str(), &existing, 0) == 0;
     if (exists && !S_ISREG(existing.st_mode))
         throw FileError(target, "not an ordinary file");
-    if (exists && !Writable(target, existing))
+    if (exists && !Writable(dir, name, existing))
         throw FileError(target, "the file is read-only");
     // A fresh name beside the target, created with the usual permissions (the umask applies);
     // an existing file's own permissions are carried over.
     static std::atomic<unsigned> counter{0};
-    const std::string prefix =
-        FolderOf(target) + "/" + std::string(TemporaryPrefix) + ProcessTag() + "-";
+    const std::string prefix = std::string(TemporaryPrefix) + ProcessTag() + "-";
     Temporary temporary{{}, exists};
     Descriptor file;
     for (int attempt = 0; file.fd < 0; ++attempt) {
-        temporary.path = prefix + std::to_string(counter++);
-        file.fd = ::open(temporary.path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        temporary.name = prefix + std::to_string(counter++);
+        file.fd =
+            ::openat(dir, temporary.name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         if (file.fd < 0 && (errno != EEXIST || attempt > 100))
             throw FileError(target,
                             errno == ENOENT ? "the folder does not exist" : SystemReason(errno));
@@ -104,7 +106,7 @@ Temporary WriteTemporary(FileCalls& calls, const std::string& target,
         // or the new file, and syncing every keystroke's write would make editing sluggish.
         pieces([&](std::string_view piece) { WriteAll(calls, file.fd, piece, target); });
     } catch (...) {
-        ::unlink(temporary.path.c_str());
+        ::unlinkat(dir, temporary.name.c_str(), 0);
         throw;
     }
     return temporary;
@@ -132,8 +134,8 @@ ssize_t FileCalls::Write(int fd, const char* data, std::size_t size) {
     return ::write(fd, data, size);
 }
 
-int FileCalls::Rename(const char* from, const char* to, unsigned flags) {
-    return ::renameat2(AT_FDCWD, from, AT_FDCWD, to, flags);
+int FileCalls::Rename(int dir, const char* from, const char* to, unsigned flags) {
+    return ::renameat2(dir, from, dir, to, flags);
 }
 
 int FileCalls::Sync(int fd) {
@@ -240,7 +242,7 @@ void RemoveLeftoverTemporaries(const std::string& hostFolder) {
 StagedReplacement::~StagedReplacement() {
     for (const auto& item : staged_) {
         if (item.placed == Placed::No)
-            ::unlink(item.temporary.c_str());
+            ::unlinkat(item.dir, item.temporary.c_str(), 0);
     }
 }
 
@@ -250,25 +252,25 @@ void StagedReplacement::Stage(std::string_view path, std::string_view bytes) {
 
 void StagedReplacement::StageResolved(const std::string& hostPath, std::string_view bytes,
                                       Presence presence) {
-    Tidy(hostPath);
-    Temporary temporary =
-        WriteTemporary(calls_, hostPath, Whole(bytes), presence, newFileMode_);
-    staged_.push_back({hostPath, std::move(temporary.path), temporary.targetExisted});
+    std::optional<Staged> staged;
+    Stage(FolderFor(hostPath), hostPath, Whole(bytes), presence, newFileMode_, staged);
+    staged_.push_back(std::move(*staged));
 }
 
 void StagedReplacement::StageAll(const std::vector<Staging>& files) {
+    std::vector<const Folder*> folders; // opened here: the threads only look them up
+    folders.reserve(files.size());
     for (const Staging& file : files)
-        Tidy(file.hostPath);
-    std::vector<std::optional<Temporary>> written(files.size());
+        folders.push_back(&FolderFor(file.hostPath));
+    std::vector<std::optional<Staged>> written(files.size());
     std::vector<std::exception_ptr> failures(files.size());
     // Each thread learns the mode of a new file for itself: one look more at most.
     const auto writeEvery = [&](std::size_t first, std::size_t step, std::optional<mode_t>& mode) {
         for (std::size_t i = first; i < files.size(); i += step) {
             try {
                 const Staging& file = files[i];
-                written[i] = WriteTemporary(calls_, file.hostPath,
-                                            file.pieces ? file.pieces : Whole(file.bytes),
-                                            file.presence, mode);
+                Stage(*folders[i], file.hostPath, file.pieces ? file.pieces : Whole(file.bytes),
+                      file.presence, mode, written[i]);
             } catch (...) {
                 failures[i] = std::current_exception();
             }
@@ -285,29 +287,52 @@ void StagedReplacement::StageAll(const std::vector<Staging>& files) {
         if (!newFileMode_)
             newFileMode_ = otherMode;
     }
-    for (std::size_t i = 0; i < files.size(); ++i)
-        if (written[i])
-            staged_.push_back(
-                {files[i].hostPath, std::move(written[i]->path), written[i]->targetExisted});
+    for (std::optional<Staged>& staged : written)
+        if (staged)
+            staged_.push_back(std::move(*staged));
     for (const std::exception_ptr& failure : failures)
         if (failure)
             std::rethrow_exception(failure);
 }
 
+void StagedReplacement::Stage(const Folder& folder, const std::string& hostPath,
+                              const Pieces& pieces, Presence presence,
+                              std::optional<mode_t>& newFileMode, std::optional<Staged>& staged) {
+    if (folder.dir.fd < 0)
+        throw FileError(hostPath, folder.error == ENOENT || folder.error == ENOTDIR
+                                      ? "the folder does not exist"
+                                      : SystemReason(folder.error));
+    std::string name = hostPath.substr(hostPath.rfind('/') + 1);
+    Temporary temporary =
+        WriteTemporary(calls_, folder.dir.fd, hostPath, name, pieces, presence, newFileMode);
+    staged.emplace(Staged{hostPath, folder.dir.fd, std::move(name), std::move(temporary.name),
+                          temporary.targetExisted, Placed::No});
+}
+
+const StagedReplacement::Folder& StagedReplacement::FolderFor(const std::string& hostPath) {
+    const std::string path = FolderOf(hostPath);
+    for (const Folder& folder : folders_)
+        if (folder.path == path)
+            return folder;
+    RemoveLeftoverTemporaries(path);
+    Folder& folder = folders_.emplace_back();
+    folder.path = path;
+    folder.dir.fd = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    folder.error = folder.dir.fd < 0 ? errno : 0;
+    return folder;
+}
+
 void StagedReplacement::Tidy(const std::string& hostPath) {
-    const std::string folder = FolderOf(hostPath);
-    if (std::find(swept_.begin(), swept_.end(), folder) == swept_.end()) {
-        RemoveLeftoverTemporaries(folder);
-        swept_.push_back(folder);
-    }
+    FolderFor(hostPath);
 }
 
 void StagedReplacement::Place(Staged& item) {
+    const int dir = item.dir;
     const char* from = item.temporary.c_str();
-    const char* to = item.target.c_str();
+    const char* to = item.name.c_str();
     if (staged_.size() == 1) {
         // A file replaced alone needs no way back: a plain rename puts it in place.
-        if (calls_.Rename(from, to, 0) != 0)
+        if (calls_.Rename(dir, from, to, 0) != 0)
             throw FileError(item.target, SystemReason(errno));
         item.placed = Placed::AsNew;
         return;
@@ -315,7 +340,7 @@ void StagedReplacement::Place(Staged& item) {
     for (int attempt = 0; attempt < 2; ++attempt) {
         if (item.existed) {
             // The exchange keeps the old content under the temporary name until the end.
-            if (calls_.Rename(from, to, RENAME_EXCHANGE) == 0) {
+            if (calls_.Rename(dir, from, to, RENAME_EXCHANGE) == 0) {
                 item.placed = Placed::Exchanged;
                 return;
             }
@@ -328,22 +353,22 @@ void StagedReplacement::Place(Staged& item) {
             // A file system without the exchange: keep the old content under a second name,
             // a link where there are links, else the old file itself moved aside.
             const std::string backup = BackupOf(item.temporary);
-            const bool linked = ::link(to, backup.c_str()) == 0;
-            if (!linked && calls_.Rename(to, backup.c_str(), 0) != 0)
+            const bool linked = ::linkat(dir, to, dir, backup.c_str(), 0) == 0;
+            if (!linked && calls_.Rename(dir, to, backup.c_str(), 0) != 0)
                 break;
-            if (calls_.Rename(from, to, 0) != 0) {
+            if (calls_.Rename(dir, from, to, 0) != 0) {
                 const int error = errno;
                 if (linked)
-                    ::unlink(backup.c_str());
+                    ::unlinkat(dir, backup.c_str(), 0);
                 else
-                    calls_.Rename(backup.c_str(), to, 0);
+                    calls_.Rename(dir, backup.c_str(), to, 0);
                 errno = error;
                 break;
             }
             item.placed = Placed::BackedUp;
             return;
         }
-        if (calls_.Rename(from, to, RENAME_NOREPLACE) == 0) {
+        if (calls_.Rename(dir, from, to, RENAME_NOREPLACE) == 0) {
             item.placed = Placed::AsNew;
             return;
         }
@@ -351,7 +376,7 @@ void StagedReplacement::Place(Staged& item) {
             item.existed = true;
             continue;
         }
-        if (!Unsupported(errno) || calls_.Rename(from, to, 0) != 0)
+        if (!Unsupported(errno) || calls_.Rename(dir, from, to, 0) != 0)
             break;
         item.placed = Placed::AsNew;
         return;
@@ -365,13 +390,15 @@ void StagedReplacement::Restore(Staged& item) noexcept {
     case Placed::No:
         return;
     case Placed::AsNew:
-        restored = ::unlink(item.target.c_str()) == 0;
+        restored = ::unlinkat(item.dir, item.name.c_str(), 0) == 0;
         break;
     case Placed::Exchanged:
-        restored = calls_.Rename(item.temporary.c_str(), item.target.c_str(), RENAME_EXCHANGE) == 0;
+        restored = calls_.Rename(item.dir, item.temporary.c_str(), item.name.c_str(),
+                                 RENAME_EXCHANGE) == 0;
         break;
     case Placed::BackedUp:
-        restored = calls_.Rename(BackupOf(item.temporary).c_str(), item.target.c_str(), 0) == 0;
+        restored =
+            calls_.Rename(item.dir, BackupOf(item.temporary).c_str(), item.name.c_str(), 0) == 0;
         break;
     }
     // When the way back fails too, the old content stays under its temporary name rather
@@ -384,11 +411,8 @@ void StagedReplacement::Commit() {
     if (staged_.size() > 1) {
         // The contents reach the disk before any name changes, so that a crash in the middle
         // of the renames leaves whole files, old or new.
-        const std::string& first = staged_.front().target;
-        const Descriptor folder{
-            ::open(FolderOf(first).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
-        if (folder.fd < 0 || calls_.Sync(folder.fd) != 0)
-            throw FileError(first, SystemReason(errno));
+        if (calls_.Sync(staged_.front().dir) != 0)
+            throw FileError(staged_.front().target, SystemReason(errno));
     }
     // A large batch is put in place from two threads as well; after a failure neither
     // starts another file, and every file already placed is restored.
@@ -419,9 +443,9 @@ void StagedReplacement::Commit() {
     }
     for (const Staged& item : staged_) {
         if (item.placed == Placed::Exchanged)
-            ::unlink(item.temporary.c_str()); // the old content
+            ::unlinkat(item.dir, item.temporary.c_str(), 0); // the old content
         else if (item.placed == Placed::BackedUp)
-            ::unlink(BackupOf(item.temporary).c_str());
+            ::unlinkat(item.dir, BackupOf(item.temporary).c_str(), 0);
     }
     staged_.clear();
 }

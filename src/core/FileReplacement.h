@@ -4,6 +4,7 @@
 #include "core/platformBasics.h"
 
 #include <cstddef>
+#include <deque>
 #include <functional>
 #include <optional>
 #include <string>
@@ -22,8 +23,9 @@ class FileCalls {
 public:
     virtual ~FileCalls() = default;
     virtual ssize_t Write(int fd, const char* data, std::size_t size); // ::write
-    // ::renameat2 with its flags (0, RENAME_NOREPLACE or RENAME_EXCHANGE).
-    virtual int Rename(const char* from, const char* to, unsigned flags);
+    // ::renameat2 within the folder open as dir, with its flags (0, RENAME_NOREPLACE or
+    // RENAME_EXCHANGE).
+    virtual int Rename(int dir, const char* from, const char* to, unsigned flags);
     virtual int Sync(int fd); // ::syncfs
 };
 // The system's own calls.
@@ -80,16 +82,31 @@ public:
 private:
     enum class Placed { No, AsNew, Exchanged, BackedUp };
     struct Staged {
-        std::string target;
-        std::string temporary;
+        std::string target;    // the host path, for messages
+        int dir = -1;          // the target's folder, open
+        std::string name;      // the target's name in it
+        std::string temporary; // the temporary file's name in it
         bool existed = false;
         Placed placed = Placed::No;
     };
+    // A folder that files are staged in, open once for all of them: names relative to it
+    // save the system a walk along the whole path for every file created and renamed.
+    struct Folder {
+        std::string path;
+        Descriptor dir;
+        int error = 0; // why it could not be opened
+    };
+    // The folder of a file, opened (and rid of leftover temporaries) when first asked for.
+    const Folder& FolderFor(const std::string& hostPath);
+    // Writes one temporary file; safe on two threads at once.
+    void Stage(const Folder& folder, const std::string& hostPath, const Pieces& pieces,
+               Presence presence, std::optional<mode_t>& newFileMode,
+               std::optional<Staged>& staged);
     void Place(Staged& item);
     void Restore(Staged& item) noexcept;
     FileCalls& calls_;
-    std::vector<Staged> staged_;
-    std::vector<std::string> swept_;    // folders already rid of leftovers
+    std::deque<Folder> folders_;        // each rid of leftovers when first used; a deque: stays put
+    std::vector<Staged> staged_;        // after folders_: removed first, while the folders are open
     std::optional<mode_t> newFileMode_; // the mode a new file gets, once known
 };
 

@@ -23,12 +23,12 @@ public:
     ssize_t Write(int fd, const char* data, std::size_t size) override {
         return Fails(Call::Write) ? -1 : FileCalls::Write(fd, data, size);
     }
-    int Rename(const char* from, const char* to, unsigned flags) override {
+    int Rename(int dir, const char* from, const char* to, unsigned flags) override {
         if (flags != 0 && !canExchange_) {
             errno = EINVAL;
             return -1;
         }
-        return Fails(Call::Rename) ? -1 : FileCalls::Rename(from, to, flags);
+        return Fails(Call::Rename) ? -1 : FileCalls::Rename(dir, from, to, flags);
     }
     int Sync(int fd) override { return Fails(Call::Sync) ? -1 : FileCalls::Sync(fd); }
 
