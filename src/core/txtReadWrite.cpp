@@ -193,17 +193,7 @@ std::vector<std::string_view> SplitLines(std::string_view bytes) {
          lf = bytes.find('\n', lf + 1))
         ++count;
     lines.reserve(count);
-    std::size_t pos = 0;
-    while (pos < bytes.size()) {
-        const std::size_t lf = bytes.find('\n', pos);
-        if (lf == std::string_view::npos) {
-            lines.push_back(bytes.substr(pos));
-            break;
-        }
-        const std::size_t end = (lf > pos && bytes[lf - 1] == '\r') ? lf - 1 : lf;
-        lines.push_back(bytes.substr(pos, end - pos));
-        pos = lf + 1;
-    }
+    ForEachLine(bytes, [&lines](std::string_view line) { lines.push_back(line); });
     return lines;
 }
 
@@ -304,8 +294,9 @@ void Transaction::Commit(platform::StagedReplacement& replacement) {
         const auto presence =
             slot.listed ? platform::Presence::Present : platform::Presence::Missing;
         if (slot.isIni) // written in pieces: a large INI file is never assembled whole
-            files.push_back({slot.file, {}, presence,
-                             [&document = *slot.ini](const auto& put) { document.WriteTo(put); }});
+            files.push_back({slot.file, {}, presence, [&document = *slot.ini](const auto& put) {
+                                 document.WriteTo(put);
+                             }});
         else
             files.push_back({slot.file, slot.text, presence});
     }

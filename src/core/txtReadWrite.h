@@ -56,6 +56,20 @@ void AppendFileText(const std::string& path, std::string_view text); // adds CR 
 std::string ReadFileLine(const std::string& path, long lineNumber);
 // The lines of a text, each ended by CR LF or a lone LF; a lone CR stays in its line.
 std::vector<std::string_view> SplitLines(std::string_view bytes);
+// Calls take(line) for each of those lines in turn, without a list of them.
+template <typename Take> void ForEachLine(std::string_view bytes, const Take& take) {
+    std::size_t pos = 0;
+    while (pos < bytes.size()) {
+        const std::size_t lf = bytes.find('\n', pos);
+        if (lf == std::string_view::npos) {
+            take(bytes.substr(pos));
+            return;
+        }
+        const std::size_t end = (lf > pos && bytes[lf - 1] == '\r') ? lf - 1 : lf;
+        take(bytes.substr(pos, end - pos));
+        pos = lf + 1;
+    }
+}
 // Every line of a file (ends: CR LF or lone LF); empty when the file is missing.
 std::vector<std::string> ReadLines(const std::string& path);
 

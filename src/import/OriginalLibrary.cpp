@@ -141,16 +141,18 @@ OriginalInitialWorld ParseOriginalInitialWorld(std::string_view text, const std:
     world.idsName = IniDocument::ReadOnce(text, "Group", "ids_name", "");
     world.idsInfo = IniDocument::ReadOnce(text, "Group", "ids_info", "");
     world.idsShortName = IniDocument::ReadOnce(text, "Group", "ids_short_name", "");
-    const auto lines = txtReadWrite::SplitLines(text);
-    world.reputations.reserve(lines.size()); // most lines are reputations
+    // Most lines are reputations of a dozen bytes or more: room for all of them, as a rule,
+    // without counting the lines first.
+    constexpr std::size_t UsualShortestLine = 12;
+    world.reputations.reserve(text.size() / UsualShortestLine + 1);
     long number = 0;
-    for (const std::string_view line : lines) {
+    txtReadWrite::ForEachLine(text, [&](std::string_view line) {
         ++number;
         if (!StartsWith(line, "rep"))
-            continue;
+            return;
         auto [value, nickname] = Split(DropPrefix(line, 6, path, number), path, number);
         world.reputations.push_back({std::move(value), std::move(nickname)});
-    }
+    });
     return world;
 }
 
