@@ -201,10 +201,11 @@ public:
     }
 
 private:
-    void Add(Severity severity, Store store, std::string_view faction, std::string_view file,
-             std::string where, std::string_view stored, std::string message) {
-        findings_.push_back({severity, store, std::string(faction), std::string(file),
-                             std::move(where), std::string(stored), std::move(message)});
+    Finding& Add(Severity severity, Store store, std::string_view faction, std::string_view file,
+                 std::string where, std::string_view stored, std::string message) {
+        return findings_.emplace_back(Finding{severity, store, std::string(faction),
+                                              std::string(file), std::move(where),
+                                              std::string(stored), std::move(message)});
     }
 
     std::string Path(std::string_view file) const { return folder_ + "\\" + std::string(file); }
@@ -540,20 +541,23 @@ private:
                 // The empty line after the last entry is how every list file ends.
                 if (!(line.empty() && i + 1 == lines.size()))
                     Add(Severity::Warning, Store::FactionProps, faction, file, where, line,
-                        "The line is blank; the compiler skips it.");
+                        "The line is blank; the compiler skips it.")
+                        .list = kind.list;
                 continue;
             }
             const auto parts = Parts(line);
             if (parts.size() != kind.catalogues.size()) {
                 Add(Severity::Warning, Store::FactionProps, faction, file, where, line,
                     "The " + std::string(kind.name) + " entry " + Quoted(line) + " is not " +
-                        std::string(kind.form) + ".");
+                        std::string(kind.form) + ".")
+                    .list = kind.list;
                 continue;
             }
             for (std::size_t p = 0; p < parts.size(); ++p)
                 if (!kind.catalogues[p].contains(parts[p]))
                     Add(Severity::Warning, Store::FactionProps, faction, file, where, line,
-                        "No catalogue holds " + Quoted(parts[p]) + " (fine if the mod adds it).");
+                        "No catalogue holds " + Quoted(parts[p]) + " (fine if the mod adds it).")
+                        .list = kind.list;
         }
     }
 
@@ -585,7 +589,8 @@ private:
                 else
                     Add(Severity::Warning, Store::FactionProps, *nick, file, {}, {},
                         "The list belongs to " + Quoted(*nick) +
-                            ", which is not registered; it is not compiled.");
+                            ", which is not registered; it is not compiled.")
+                        .list = kind.list;
                 break;
             }
         }

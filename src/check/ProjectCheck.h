@@ -3,6 +3,9 @@
 // values the game reads as numbers that are none, entries about factions that are gone,
 // factions missing from a store, list entries no catalogue knows, values the read limit or
 // the line-break escape would spoil. It only reads; values stay text and nothing is changed.
+#include "factionprops/ListFiles.h"
+
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,6 +25,8 @@ struct Finding {
     std::string where;   // "[section] key", "[section]", "line 3", or "" for the whole file
     std::string stored;  // the stored text at fault ("" when nothing is stored)
     std::string message; // one plain sentence
+    // For a finding in a list file, the pick list it belongs to (the page that edits it).
+    std::optional<factionprops::PickList> list = {};
 };
 
 // Every finding of the project <app dir>\projects\<project>, grouped by store. Texts are

@@ -1,7 +1,5 @@
 #include "ui/CheckAction.h"
 
-#include "core/names.h"
-#include "factionprops/ListFiles.h"
 #include "ui/Captions.h"
 #include "ui/Dialogs.h"
 #include "ui/RegistryPanel.h"
@@ -10,25 +8,6 @@
 #include "ui/VantelButton.h"
 #include "ui/frmCheck.h"
 #include "ui/frmMain.h"
-
-#include <optional>
-
-namespace {
-
-// The pick list a list file holds; none for other files.
-std::optional<factionprops::PickList> ListOf(std::string_view file) {
-    const std::size_t slash = file.rfind('\\');
-    const std::string_view name = slash == std::string_view::npos ? file : file.substr(slash + 1);
-    for (const factionprops::PickList list : factionprops::AllPickLists) {
-        const std::string_view prefix = factionprops::ListPrefix(list);
-        if (name.size() > prefix.size() &&
-            names::EqualIgnoringCase(name.substr(0, prefix.size()), prefix))
-            return list;
-    }
-    return std::nullopt;
-}
-
-} // namespace
 
 CheckAction::CheckAction(Session& session_, Dialogs& dialogs_, VantelButton* btnCheck,
                          frmMain& window)
@@ -80,8 +59,8 @@ void ShowFinding(frmMain& mainWindow, const check::Finding& finding) {
         break;
     case check::Store::FactionProps:
         mainWindow.ShowFaction(frmMain::FactionProp, finding.faction);
-        if (const auto list = ListOf(finding.file))
-            mainWindow.ShowPickList(*list);
+        if (finding.list)
+            mainWindow.ShowPickList(*finding.list);
         break;
     case check::Store::InitialWorld:
         mainWindow.ShowFaction(frmMain::InitialWorld, finding.faction);
