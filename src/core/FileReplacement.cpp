@@ -2,7 +2,6 @@
 
 #include "core/PathLookup.h"
 
-#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <chrono>
@@ -253,7 +252,7 @@ void StagedReplacement::Stage(std::string_view path, std::string_view bytes) {
 void StagedReplacement::StageResolved(const std::string& hostPath, std::string_view bytes,
                                       Presence presence) {
     std::optional<Staged> staged;
-    Stage(FolderFor(hostPath), hostPath, Whole(bytes), presence, newFileMode_, staged);
+    StageIn(FolderFor(hostPath), hostPath, Whole(bytes), presence, newFileMode_, staged);
     staged_.push_back(std::move(*staged));
 }
 
@@ -269,8 +268,8 @@ void StagedReplacement::StageAll(const std::vector<Staging>& files) {
         for (std::size_t i = first; i < files.size(); i += step) {
             try {
                 const Staging& file = files[i];
-                Stage(*folders[i], file.hostPath, file.pieces ? file.pieces : Whole(file.bytes),
-                      file.presence, mode, written[i]);
+                StageIn(*folders[i], file.hostPath, file.pieces ? file.pieces : Whole(file.bytes),
+                        file.presence, mode, written[i]);
             } catch (...) {
                 failures[i] = std::current_exception();
             }
@@ -295,9 +294,9 @@ void StagedReplacement::StageAll(const std::vector<Staging>& files) {
             std::rethrow_exception(failure);
 }
 
-void StagedReplacement::Stage(const Folder& folder, const std::string& hostPath,
-                              const Pieces& pieces, Presence presence,
-                              std::optional<mode_t>& newFileMode, std::optional<Staged>& staged) {
+void StagedReplacement::StageIn(const Folder& folder, const std::string& hostPath,
+                                const Pieces& pieces, Presence presence,
+                                std::optional<mode_t>& newFileMode, std::optional<Staged>& staged) {
     if (folder.dir.fd < 0)
         throw FileError(hostPath, folder.error == ENOENT || folder.error == ENOTDIR
                                       ? "the folder does not exist"

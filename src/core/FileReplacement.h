@@ -99,9 +99,9 @@ private:
     // The folder of a file, opened (and rid of leftover temporaries) when first asked for.
     const Folder& FolderFor(const std::string& hostPath);
     // Writes one temporary file; safe on two threads at once.
-    void Stage(const Folder& folder, const std::string& hostPath, const Pieces& pieces,
-               Presence presence, std::optional<mode_t>& newFileMode,
-               std::optional<Staged>& staged);
+    void StageIn(const Folder& folder, const std::string& hostPath, const Pieces& pieces,
+                 Presence presence, std::optional<mode_t>& newFileMode,
+                 std::optional<Staged>& staged);
     void Place(Staged& item);
     void Restore(Staged& item) noexcept;
     FileCalls& calls_;

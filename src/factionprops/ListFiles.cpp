@@ -24,11 +24,16 @@ std::string_view ListPrefix(PickList list) {
 
 std::string ListFilePath(std::string_view appDir, std::string_view project, PickList list,
                          std::string_view nickname) {
-    std::string piece = "\\faction_prop\\";
-    piece += ListPrefix(list);
-    piece += platform::DiskName(nickname);
-    piece += ".lst";
-    return modFunctions::ProjectPath(appDir, project, piece);
+    return ListFileIn(modFunctions::ProjectPath(appDir, project), list, nickname);
+}
+
+std::string ListFileIn(std::string_view projectFolder, PickList list, std::string_view nickname) {
+    std::string path(projectFolder);
+    path += "\\faction_prop\\";
+    path += ListPrefix(list);
+    path += platform::DiskName(nickname);
+    path += ".lst";
+    return path;
 }
 
 std::string ListFileText(const std::vector<std::string>& entries) {

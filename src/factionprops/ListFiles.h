@@ -18,6 +18,8 @@ std::string_view ListPrefix(PickList list);
 // <app dir>\projects\<project>\faction_prop\<prefix><nickname>.lst
 std::string ListFilePath(std::string_view appDir, std::string_view project, PickList list,
                          std::string_view nickname);
+// The same below a project folder given whole.
+std::string ListFileIn(std::string_view projectFolder, PickList list, std::string_view nickname);
 
 // The entries as the file holds them: each followed by CR LF (the writer adds one more).
 std::string ListFileText(const std::vector<std::string>& entries);

@@ -99,9 +99,7 @@ std::vector<std::pair<std::string, std::string>> FactionFiles(const OriginalFact
                                         {PickList::Bodyparts, &props.bodyParts},
                                         {PickList::Scan, &props.scans},
                                         {PickList::Formations, &props.formations}})
-        files.emplace_back(projectFolder + "\\faction_prop\\" +
-                               std::string(factionprops::ListPrefix(list)) + platform::DiskName(n) +
-                               ".lst",
+        files.emplace_back(factionprops::ListFileIn(projectFolder, list, n),
                            factionprops::ListFileText(*entries));
     return files;
 }
