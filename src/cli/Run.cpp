@@ -2,7 +2,6 @@
 #include "core/ApplicationFolder.h"
 #include "core/BuildInfo.h"
 #include "core/modFunctions.h"
-#include "core/names.h"
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
 #include "core/win1252.h"
@@ -29,18 +28,15 @@ void PrintUsage(std::ostream& out) {
 
 } // namespace
 
-const Command* FindCommand(std::string_view name) {
-    for (const Command& command : Commands())
-        if (command.name == name)
-            return &command;
-    return nullptr;
+void WriteSynopsis(std::ostream& out, const Command& command) {
+    out << "usage: orrindel-cli " << command.name << " " << command.arguments << "\n  "
+        << command.summary << "\n";
 }
 
-int UsageError(const Command& command, Context& context, std::string_view message) {
+int UsageError(Context& context, std::string_view message) {
     if (!message.empty())
-        context.err << "orrindel-cli " << command.name << ": " << message << "\n";
-    context.err << "usage: orrindel-cli " << command.name << " " << command.arguments << "\n  "
-                << command.summary << "\n";
+        context.err << "orrindel-cli " << context.command.name << ": " << message << "\n";
+    WriteSynopsis(context.err, context.command);
     return Usage;
 }
 
@@ -49,44 +45,13 @@ int Failure(Context& context, std::string_view message) {
     return Failed;
 }
 
-std::optional<std::string> FileText(Context& context, std::string_view utf8) {
-    auto bytes = win1252::FromUtf8(utf8);
-    if (!bytes) {
-        // Appended rather than "\"" + ...: GCC 12 at -O3 warns falsely (-Wrestrict) on that.
-        Failure(context,
-                std::string("\"").append(utf8).append("\" holds a character outside Windows-1252"));
-    }
-    return bytes;
-}
-
-std::optional<std::string> CheckedName(Context& context, std::string_view utf8,
-                                       std::string_view what) {
-    auto bytes = FileText(context, utf8);
-    if (!bytes)
-        return std::nullopt;
-    if (const auto reason = names::Refusal(*bytes)) {
-        Failure(context,
-                std::string(what) + " \"" + std::string(utf8) + "\" is refused: " + *reason);
-        return std::nullopt;
-    }
-    return bytes;
-}
-
-std::optional<std::string> ExistingProject(Context& context, std::string_view utf8Name) {
-    auto name = CheckedName(context, utf8Name, "project name");
-    if (!name)
-        return std::nullopt;
-    std::string found = modFunctions::FindProject(context.appDir, *name);
-    if (found.empty()) {
-        Failure(context, "no project \"" + std::string(utf8Name) + "\" in " +
-                             platform::HostPath(modFunctions::ProjectsFolder(context.appDir)));
-        return std::nullopt;
-    }
-    return found;
-}
-
 void Print(Context& context, std::string_view bytes) {
     context.out << win1252::ToUtf8(bytes);
+}
+
+void PrintLines(Context& context, const std::vector<std::string>& lines) {
+    for (const std::string& line : lines)
+        context.out << win1252::ToUtf8(line) << "\n";
 }
 
 int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
@@ -113,18 +78,20 @@ int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& e
         PrintUsage(err);
         return Usage;
     }
-    const Command* command = FindCommand(args[i]);
-    if (!command) {
+    const auto found =
+        std::find_if(Commands().begin(), Commands().end(),
+                     [&](const Command& command) { return command.name == args[i]; });
+    if (found == Commands().end()) {
         err << "orrindel-cli: unknown command \"" << args[i] << "\"\n";
         PrintUsage(err);
         return Usage;
     }
+    const Command& command = *found;
     Arguments rest(args.begin() + static_cast<std::ptrdiff_t>(i) + 1, args.end());
     // "--" ends the options: it is dropped, and every argument after it is taken as it is.
     const auto end = std::find(rest.begin(), rest.end(), "--");
     if (std::find(rest.begin(), end, "--help") != end) {
-        out << "usage: orrindel-cli " << command->name << " " << command->arguments << "\n  "
-            << command->summary << "\n";
+        WriteSynopsis(out, command);
         return Ok;
     }
     if (end != rest.end())
@@ -137,15 +104,17 @@ int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& e
     }
     // The folder's path is used as the system gave it, never re-encoded.
     txtReadWrite::SetApplicationDirectory(appDir);
-    Context context{appDir, out, err};
+    Context context{appDir, out, err, command};
     try {
         modFunctions::EnsureProjectsFolder(context.appDir);
     } catch (const std::exception& error) {
         return Failure(context,
                        "cannot create the projects folder: " + win1252::ToUtf8(error.what()));
     }
+    if (rest.size() < command.count.least || rest.size() > command.count.most)
+        return UsageError(context, command.count.most == 0 ? "takes no arguments" : "");
     try {
-        return command->run(rest, context);
+        return command.run(rest, context);
     } catch (const std::exception& error) {
         return Failure(context, win1252::ToUtf8(error.what()));
     }

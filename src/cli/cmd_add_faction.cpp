@@ -4,19 +4,18 @@
 namespace cli {
 
 int RunAddFaction(const Arguments& args, Context& context) {
-    if (args.size() < 2 || args.size() > 3)
-        return UsageError(*FindCommand("add-faction"), context);
-    const auto project = ExistingProject(context, args[0]);
-    if (!project)
-        return Failed;
-    const auto nickname = CheckedName(context, args[1], "nickname");
-    if (!nickname)
+    const auto faction = ParseFaction(context, args);
+    if (!faction)
         return Failed;
     const auto group = FileText(context, args.size() == 3 ? args[2] : std::string());
     if (!group)
         return Failed;
-    modFunctions::SaveFaction(context.appDir, *project, *nickname, *group);
+    modFunctions::SaveFaction(context.appDir, faction->project, faction->nickname, *group);
     return Ok;
 }
+
+extern constinit const Command AddFactionCommand{"add-faction", "PROJECT NICK [GROUP]",
+                                                 "add a faction or change its group", RunAddFaction,
+                                                 Between(2, 3)};
 
 } // namespace cli

@@ -46,9 +46,7 @@ const std::vector<Compiler>& Compilers() {
 } // namespace
 
 int RunCompile(const Arguments& args, Context& context) {
-    if (args.empty())
-        return UsageError(*FindCommand("compile"), context);
-    const auto project = ExistingProject(context, args[0]);
+    const auto project = ParseProject(context, args[0]);
     if (!project)
         return Failed;
     std::vector<const Compiler*> chosen;
@@ -58,8 +56,7 @@ int RunCompile(const Arguments& args, Context& context) {
             if (compiler.name == args[i])
                 found = &compiler;
         if (!found)
-            return UsageError(*FindCommand("compile"), context,
-                              "unknown game file \"" + args[i] + "\"");
+            return UsageError(context, "unknown game file \"" + args[i] + "\"");
         chosen.push_back(found);
     }
     if (chosen.empty())
@@ -84,5 +81,9 @@ int RunCompile(const Arguments& args, Context& context) {
             std::rethrow_exception(failure);
     return Ok;
 }
+
+extern constinit const Command CompileCommand{
+    "compile", "PROJECT [emphaty|faction_prop|initialworld]...",
+    "compile the project's game files (all when none is named)", RunCompile, AtLeast(1)};
 
 } // namespace cli

@@ -5,8 +5,6 @@
 namespace cli {
 
 int RunCreate(const Arguments& args, Context& context) {
-    if (args.size() != 1)
-        return UsageError(*FindCommand("create"), context);
     const auto name = CheckedName(context, args[0], "project name");
     if (!name)
         return Failed;
@@ -22,5 +20,9 @@ int RunCreate(const Arguments& args, Context& context) {
     }
     return Ok;
 }
+
+extern constinit const Command CreateCommand{
+    "create", "NAME", "create a project; \"Project created.\" goes to its own protocol", RunCreate,
+    Exactly(1)};
 
 } // namespace cli

@@ -5,29 +5,26 @@
 namespace cli {
 
 int RunCutLibrary(const Arguments& args, Context& context) {
-    const Command& command = *FindCommand("cut-library");
     std::optional<std::string> into;
     importer::CutSources sources;
-    for (std::size_t i = 0; i < args.size(); i += 2) {
-        if (i + 1 >= args.size())
-            return UsageError(command, context, "\"" + args[i] + "\" needs a value");
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        const std::string& option = args[i];
+        auto* path =
+            Named<std::optional<std::string>>(option, {{"--into", &into},
+                                                       {"--emphaty", &sources.emphaty},
+                                                       {"--faction-prop", &sources.factionProp},
+                                                       {"--initialworld", &sources.initialWorld}});
+        if (!path)
+            return UsageError(context, "unknown option \"" + option + "\"");
         // A path is used as the system spells it.
-        const std::string& path = args[i + 1];
-        if (args[i] == "--into")
-            into = path;
-        else if (args[i] == "--emphaty")
-            sources.emphaty = path;
-        else if (args[i] == "--faction-prop")
-            sources.factionProp = path;
-        else if (args[i] == "--initialworld")
-            sources.initialWorld = path;
-        else
-            return UsageError(command, context, "unknown option \"" + args[i] + "\"");
+        *path = OptionValue(context, args, i);
+        if (!*path)
+            return Usage;
     }
     if (!into)
-        return UsageError(command, context, "--into is required");
+        return UsageError(context, "--into is required");
     if (!sources.emphaty && !sources.factionProp && !sources.initialWorld)
-        return UsageError(command, context, "name at least one compiled file");
+        return UsageError(context, "name at least one compiled file");
     try {
         const auto result = importer::CutLibrary(*into, sources);
         context.out << result.reputation.size() << " reputation, " << result.factionProp.size()
@@ -38,5 +35,9 @@ int RunCutLibrary(const Arguments& args, Context& context) {
     }
     return Ok;
 }
+
+extern constinit const Command CutLibraryCommand{
+    "cut-library", "--into LIBDIR [--emphaty F] [--faction-prop F] [--initialworld F]",
+    "cut library entries from compiled game files", RunCutLibrary, AnyCount};
 
 } // namespace cli

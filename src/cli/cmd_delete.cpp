@@ -4,9 +4,7 @@
 namespace cli {
 
 int RunDelete(const Arguments& args, Context& context) {
-    if (args.size() != 1)
-        return UsageError(*FindCommand("delete"), context);
-    const auto project = ExistingProject(context, args[0]);
+    const auto project = ParseProject(context, args[0]);
     if (!project)
         return Failed;
     modFunctions::DeleteProjectFolder(context.appDir, *project);
@@ -14,5 +12,8 @@ int RunDelete(const Arguments& args, Context& context) {
         return Failure(context, "the project \"" + args[0] + "\" could not be deleted completely");
     return Ok;
 }
+
+extern constinit const Command DeleteCommand{"delete", "NAME", "delete the project folder",
+                                             RunDelete, Exactly(1)};
 
 } // namespace cli

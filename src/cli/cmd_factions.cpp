@@ -5,9 +5,7 @@
 namespace cli {
 
 int RunFactions(const Arguments& args, Context& context) {
-    if (args.size() != 1)
-        return UsageError(*FindCommand("factions"), context);
-    const auto project = ExistingProject(context, args[0]);
+    const auto project = ParseProject(context, args[0]);
     if (!project)
         return Failed;
     const std::string registry = modFunctions::RegistryPath(context.appDir, *project);
@@ -19,5 +17,8 @@ int RunFactions(const Arguments& args, Context& context) {
     }
     return Ok;
 }
+
+extern constinit const Command FactionsCommand{
+    "factions", "PROJECT", "registry in file order: nickname TAB group", RunFactions, Exactly(1)};
 
 } // namespace cli

@@ -12,16 +12,14 @@ namespace cli {
 // Imports each named library faction as the dialog's Import button does, protocol line
 // included. A refused entry is reported and the others still go in.
 int RunImport(const Arguments& args, Context& context) {
-    if (args.size() < 2)
-        return UsageError(*FindCommand("import"), context);
-    const auto project = ExistingProject(context, args[0]);
+    const auto project = ParseProject(context, args[0]);
     if (!project)
         return Failed;
     const auto library = importer::ListOriginalFactions(importer::ReputationFolder(context.appDir));
     const std::string folder = modFunctions::ProjectPath(context.appDir, *project);
     int result = Ok;
     for (std::size_t i = 1; i < args.size(); ++i) {
-        const auto typed = CheckedName(context, args[i], "nickname");
+        const auto typed = ParseNickname(context, args[i]);
         if (!typed) {
             result = Failed;
             continue;
@@ -50,5 +48,9 @@ int RunImport(const Arguments& args, Context& context) {
     }
     return result;
 }
+
+extern constinit const Command ImportCommand{
+    "import", "PROJECT NICK...", "import library factions; \"Original imported...\" per faction",
+    RunImport, AtLeast(2)};
 
 } // namespace cli

@@ -7,9 +7,7 @@ namespace cli {
 
 // Imports the whole library in one run; refused entries are named on stderr afterwards.
 int RunImportAll(const Arguments& args, Context& context) {
-    if (args.size() != 1)
-        return UsageError(*FindCommand("import-all"), context);
-    const auto project = ExistingProject(context, args[0]);
+    const auto project = ParseProject(context, args[0]);
     if (!project)
         return Failed;
     importer::ImportAllResult result;
@@ -24,5 +22,9 @@ int RunImportAll(const Arguments& args, Context& context) {
         Failure(context, "refused: " + win1252::ToUtf8(refused.what()));
     return result.refused.empty() ? Ok : Failed;
 }
+
+extern constinit const Command ImportAllCommand{
+    "import-all", "PROJECT", "import the whole library; refused entries on stderr", RunImportAll,
+    Exactly(1)};
 
 } // namespace cli

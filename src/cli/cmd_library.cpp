@@ -3,15 +3,12 @@
 
 namespace cli {
 
-int RunLibrary(const Arguments& args, Context& context) {
-    if (!args.empty())
-        return UsageError(*FindCommand("library"), context);
-    for (const std::string& name :
-         importer::ListOriginalFactions(importer::ReputationFolder(context.appDir))) {
-        Print(context, name);
-        context.out << "\n";
-    }
+int RunLibrary(const Arguments&, Context& context) {
+    PrintLines(context, importer::ListOriginalFactions(importer::ReputationFolder(context.appDir)));
     return Ok;
 }
+
+extern constinit const Command LibraryCommand{
+    "library", "", "the original faction library's entries, one per line", RunLibrary, Exactly(0)};
 
 } // namespace cli

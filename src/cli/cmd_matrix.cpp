@@ -6,7 +6,6 @@
 namespace cli {
 
 int RunMatrix(const Arguments& args, Context& context) {
-    const Command& command = *FindCommand("matrix");
     bool csv = false;
     Arguments positional;
     for (const std::string& arg : args) {
@@ -16,11 +15,11 @@ int RunMatrix(const Arguments& args, Context& context) {
             positional.push_back(arg);
     }
     if (positional.size() != 2)
-        return UsageError(command, context);
+        return UsageError(context);
     const auto store = matrix::StoreNamed(positional[1]);
     if (!store)
-        return UsageError(command, context, "unknown store \"" + positional[1] + "\"");
-    const auto project = ExistingProject(context, positional[0]);
+        return UsageError(context, "unknown store \"" + positional[1] + "\"");
+    const auto project = ParseProject(context, positional[0]);
     if (!project)
         return Failed;
     auto usable =
@@ -37,5 +36,9 @@ int RunMatrix(const Arguments& args, Context& context) {
     context.out << matrix::Formatted(loaded, all, csv ? matrix::Format::Csv : matrix::Format::Tabs);
     return Ok;
 }
+
+extern constinit const Command MatrixCommand{
+    "matrix", "PROJECT emphaty|initialworld [--csv]",
+    "every faction's reputation toward every faction, tab-separated or CSV", RunMatrix, AnyCount};
 
 } // namespace cli

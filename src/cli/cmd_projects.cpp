@@ -4,17 +4,16 @@
 
 namespace cli {
 
-int RunProjects(const Arguments& args, Context& context) {
-    if (!args.empty())
-        return UsageError(*FindCommand("projects"), context, "takes no arguments");
+int RunProjects(const Arguments&, Context& context) {
     std::vector<std::string> leftOut;
-    for (const std::string& project : modFunctions::ListProjects(context.appDir, &leftOut)) {
-        Print(context, project);
-        context.out << "\n";
-    }
+    PrintLines(context, modFunctions::ListProjects(context.appDir, &leftOut));
     for (const std::string& message : leftOut)
         context.err << "orrindel-cli: " << win1252::ToUtf8(message) << "\n";
     return Ok;
 }
+
+extern constinit const Command ProjectsCommand{
+    "projects", "", "project names, one per line, sorted without regard to case", RunProjects,
+    Exactly(0)};
 
 } // namespace cli

@@ -6,7 +6,6 @@
 namespace cli {
 
 int RunScript(const Arguments& args, Context& context) {
-    const Command& command = *FindCommand("script");
     bool withHeader = false;
     script::ScriptHeader header;
     for (std::size_t i = 0; i < args.size(); ++i) {
@@ -15,17 +14,18 @@ int RunScript(const Arguments& args, Context& context) {
             withHeader = true;
             continue;
         }
-        std::string* field = option == "--name"             ? &header.name
-                             : option == "--script-version" ? &header.scriptVersion
-                             : option == "--url"            ? &header.modUrl
-                             : option == "--author"         ? &header.author
-                             : option == "--description"    ? &header.description
-                                                            : nullptr;
+        std::string* field =
+            Named<std::string>(option, {{"--name", &header.name},
+                                        {"--script-version", &header.scriptVersion},
+                                        {"--url", &header.modUrl},
+                                        {"--author", &header.author},
+                                        {"--description", &header.description}});
         if (!field)
-            return UsageError(command, context, "unknown argument \"" + option + "\"");
-        if (i + 1 >= args.size())
-            return UsageError(command, context, option + " needs a value");
-        const auto value = FileText(context, args[++i]);
+            return UsageError(context, "unknown argument \"" + option + "\"");
+        const auto typed = OptionValue(context, args, i);
+        if (!typed)
+            return Usage;
+        const auto value = FileText(context, *typed);
         if (!value)
             return Failed;
         *field = *value;
@@ -33,5 +33,10 @@ int RunScript(const Arguments& args, Context& context) {
     Print(context, script::BuildScript(withHeader ? &header : nullptr));
     return Ok;
 }
+
+extern constinit const Command ScriptCommand{
+    "script", "[--header] [--name N] [--script-version V] [--url U] [--author A] [--description D]",
+    "print the mod manager's install script (header fields count with --header)", RunScript,
+    AnyCount};
 
 } // namespace cli

@@ -1,0 +1,81 @@
+#include "cli/CliRunner.h"
+#include "support/TempFolder.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <gtest/gtest.h>
+
+namespace {
+
+const cli::Command* Listed(std::string_view name) {
+    for (const cli::Command& command : cli::Commands())
+        if (command.name == name)
+            return &command;
+    return nullptr;
+}
+
+class CommandTable : public ::testing::Test, protected CliRunner {
+protected:
+    using CliRunner::Run; // not the test's own Run
+    CommandTable() { appDir = app.path(); }
+    TempFolder app;
+};
+
+// A command's file is named after it (cmd_add_faction.cpp holds add-faction), so a file whose
+// command the table forgot shows up here, as does a command missing from the help.
+TEST_F(CommandTable, EveryCommandFileIsListedAndTheHelpShowsItsSynopsis) {
+    std::ostringstream listing;
+    ASSERT_EQ(cli::Run({"--help"}, listing, err), cli::Ok);
+    const std::string help = listing.str();
+    std::size_t files = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(ORRINDEL_CLI_SOURCE_DIR)) {
+        const std::string file = entry.path().filename().string();
+        if (!file.starts_with("cmd_") || !file.ends_with(".cpp"))
+            continue;
+        ++files;
+        std::string name = file.substr(4, file.size() - 8);
+        std::replace(name.begin(), name.end(), '_', '-');
+        const cli::Command* command = Listed(name);
+        ASSERT_NE(command, nullptr) << file << " is not in the command table";
+        const std::string head = "\n  " + name + " " + std::string(command->arguments);
+        const auto line = help.find(head);
+        ASSERT_NE(line, std::string::npos) << name;
+        const std::string tail = "  " + std::string(command->summary) + "\n";
+        EXPECT_EQ(help.find(tail, line), help.find('\n', line + 1) + 1 - tail.size()) << name;
+
+        EXPECT_EQ(Run({name, "--help"}), cli::Ok);
+        EXPECT_EQ(out.str(), "usage: orrindel-cli " + name + " " + std::string(command->arguments) +
+                                 "\n  " + std::string(command->summary) + "\n");
+    }
+    EXPECT_EQ(files, cli::Commands().size());
+}
+
+TEST_F(CommandTable, WrongArgumentCountsAreUsageErrorsOfTheCommandRun) {
+    const struct {
+        std::vector<std::string> args;
+        std::string firstErrorLine;
+    } cases[] = {
+        {{"library", "x"}, "orrindel-cli library: takes no arguments"},
+        {{"projects", "x"}, "orrindel-cli projects: takes no arguments"},
+        {{"create"}, "usage: orrindel-cli create NAME"},
+        {{"delete", "a", "b"}, "usage: orrindel-cli delete NAME"},
+        {{"add-faction", "P", "N", "G", "x"},
+         "usage: orrindel-cli add-faction PROJECT NICK [GROUP]"},
+        {{"import", "P"}, "usage: orrindel-cli import PROJECT NICK..."},
+        {{"ini-get", "f", "s"}, "usage: orrindel-cli ini-get FILE SECTION KEY [DEFAULT]"},
+        {{"compile"}, "usage: orrindel-cli compile PROJECT [emphaty|faction_prop|initialworld]..."},
+        {{"script", "--url"}, "orrindel-cli script: --url needs a value"},
+        {{"cut-library", "--into"}, "orrindel-cli cut-library: --into needs a value"},
+        {{"cut-library", "--bogus", "x"}, "orrindel-cli cut-library: unknown option \"--bogus\""},
+    };
+    for (const auto& [args, firstErrorLine] : cases) {
+        EXPECT_EQ(Run(args), cli::Usage) << args[0];
+        EXPECT_EQ(err.str().substr(0, err.str().find('\n')), firstErrorLine);
+        EXPECT_EQ(out.str(), "");
+    }
+    // Nothing ran: no project was made by the refused calls.
+    EXPECT_EQ(Run({"projects"}), cli::Ok);
+    EXPECT_EQ(out.str(), "");
+}
+
+} // namespace
