@@ -18,8 +18,8 @@ public:
     IniDocument() = default;
     explicit IniDocument(std::string_view bytes);
 
-    // The stored value, blanks around it removed, before any cut or decoding;
-    // nullopt when the section or key is missing.
+    // The stored value, blanks around it removed, before any cut or decoding; nullopt when the
+    // section or key is missing. Views into the document last until its next write.
     std::optional<std::string_view> Stored(std::string_view section, std::string_view key) const;
     // The same with the section name's NameHash worked out by the caller: a compile reads the
     // same sections in hundreds of documents.
