@@ -7,12 +7,13 @@ cd "$(dirname "$0")/.."
 bash scripts/install-deps.sh
 export QT_QPA_PLATFORM=offscreen
 
-cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DORRINDEL_WERROR=ON
+cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DORRINDEL_WERROR=ON \
+    -DORRINDEL_TESTS=ON -DORRINDEL_BENCH=ON
 cmake --build build
 ctest --test-dir build --output-on-failure
 
 cmake -S . -B build-sanitize -G Ninja -DCMAKE_BUILD_TYPE=Debug -DORRINDEL_WERROR=ON \
-    -DORRINDEL_CORE_ONLY=ON -DORRINDEL_SANITIZE=ON -DORRINDEL_BENCH=OFF
+    -DORRINDEL_CORE_ONLY=ON -DORRINDEL_SANITIZE=ON -DORRINDEL_TESTS=ON -DORRINDEL_BENCH=OFF
 cmake --build build-sanitize --target core_tests orrindel-cli
 ctest --test-dir build-sanitize --output-on-failure
 

@@ -1,5 +1,5 @@
 #include "cli/Command.h"
-#include "core/modFunctions.h"
+#include "core/ProjectLayout.h"
 #include "core/txtReadWrite.h"
 
 namespace cli {
@@ -8,8 +8,8 @@ int RunProtocol(const Arguments& args, Context& context) {
     const auto project = ParseProject(context, args[0]);
     if (!project)
         return Failed;
-    Print(context, txtReadWrite::ReadFileText(modFunctions::ProjectPath(
-                       context.appDir, *project, "\\protocol\\protocol.txt")));
+    Print(context,
+          txtReadWrite::ReadFileText(ProjectLayout::Of(context.appDir, *project).ProtocolFile()));
     return Ok;
 }
 

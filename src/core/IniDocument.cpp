@@ -206,6 +206,17 @@ std::string_view IniDocument::Text(const Line& line) const {
     return std::string_view(store).substr(line.offset, line.length);
 }
 
+std::size_t IniDocument::BytesHeld() const {
+    std::size_t bytes = bytes_.capacity() + written_.size() * sizeof(std::string) +
+                        lines_.capacity() * sizeof(Line) + sections_.capacity() * sizeof(Section) +
+                        sectionIndex_.BytesHeld();
+    for (const std::string& chunk : written_)
+        bytes += chunk.capacity();
+    for (const Section& section : sections_)
+        bytes += section.keys.BytesHeld();
+    return bytes;
+}
+
 std::string_view IniDocument::SectionName(std::size_t section) const {
     // Header lines are never rewritten, so the name's place in its line stays valid.
     const Section& found = sections_[section];
@@ -222,14 +233,26 @@ IniDocument::Placed IniDocument::Own(std::initializer_list<std::string_view> pie
     // Each chunk is twice the size of the one before, up to a limit: a settings file with a
     // few written values stays small, and a large import asks for memory a few times only.
     constexpr std::size_t FirstChunk = 1024, LargestChunk = 1024 * 1024;
+    std::deque<std::string> retired; // may hold the pieces: kept until they are copied
     std::size_t length = 0;
     for (const std::string_view piece : pieces)
         length += piece.size();
     if (written_.empty() || written_.back().capacity() - written_.back().size() < length) {
-        const std::size_t size =
-            written_.empty() ? FirstChunk : std::min(LargestChunk, 2 * written_.back().capacity());
-        written_.emplace_back().reserve(std::max(size, length));
+        // Compacting reads every line, so it waits until the replaced bytes are at least as
+        // many as the live ones and as the lines: memory stays within a small multiple of
+        // the text, and the work done per byte written stays constant.
+        const std::size_t replaced = writtenUsed_ - writtenLive_;
+        if (replaced > 0 && replaced >= writtenLive_ && replaced >= lines_.size()) {
+            retired = Compact(std::max(FirstChunk, writtenLive_ + 2 * length));
+        } else {
+            const std::size_t size = written_.empty()
+                                         ? FirstChunk
+                                         : std::min(LargestChunk, 2 * written_.back().capacity());
+            written_.emplace_back().reserve(std::max(size, length));
+        }
     }
+    writtenUsed_ += length;
+    writtenLive_ += length;
     std::string& chunk = written_.back();
     const auto offset = static_cast<std::uint32_t>(chunk.size());
     // Grown once, then filled: three appends of a few bytes each cost more than the copying.
@@ -239,6 +262,24 @@ IniDocument::Placed IniDocument::Own(std::initializer_list<std::string_view> pie
         to = CopyPiece(piece, to);
     return {static_cast<std::uint32_t>(written_.size()), offset,
             static_cast<std::uint32_t>(length)};
+}
+
+std::deque<std::string> IniDocument::Compact(std::size_t extra) {
+    std::string chunk;
+    chunk.reserve(writtenLive_ + extra);
+    for (Line& line : lines_) {
+        if (line.store == 0)
+            continue;
+        const std::string_view text = Text(line);
+        line = {1, static_cast<std::uint32_t>(chunk.size()), line.length, line.ending};
+        chunk += text;
+    }
+    std::deque<std::string> retired;
+    retired.swap(written_);
+    written_.push_back(std::move(chunk));
+    writtenUsed_ = written_.back().size();
+    writtenLive_ = writtenUsed_;
+    return retired;
 }
 
 void IniDocument::AddOwnedLine(std::initializer_list<std::string_view> pieces, Ending ending) {
@@ -485,6 +526,8 @@ bool IniDocument::ReplaceValue(std::size_t line, std::string_view escaped) {
         return false;
     // The key keeps its spelling (and so its place in the index).
     const Placed placed = Own({Trim(text.substr(0, equals)), "=", escaped});
+    if (lines_[line].store != 0)
+        writtenLive_ -= lines_[line].length; // the old line's bytes are left behind
     lines_[line] = {placed.store, placed.offset, placed.length, lines_[line].ending};
     return true;
 }

@@ -18,8 +18,8 @@ public:
     IniDocument() = default;
     explicit IniDocument(std::string_view bytes);
 
-    // The stored value, blanks around it removed, before any cut or decoding;
-    // nullopt when the section or key is missing.
+    // The stored value, blanks around it removed, before any cut or decoding; nullopt when the
+    // section or key is missing. Views into the document last until its next write.
     std::optional<std::string_view> Stored(std::string_view section, std::string_view key) const;
     // The same with the section name's NameHash worked out by the caller: a compile reads the
     // same sections in hundreds of documents.
@@ -72,6 +72,8 @@ public:
     // a large file is written without being assembled whole.
     void WriteTo(const std::function<void(std::string_view)>& put) const;
     bool Empty() const { return lines_.empty(); }
+    // The memory the document holds for its text, its written lines and its indexes.
+    std::size_t BytesHeld() const;
 
 private:
     enum class Ending : std::uint8_t { None, Lf, CrLf };
@@ -94,6 +96,7 @@ private:
         bool Insert(std::string_view name, std::uint64_t hash, std::uint32_t id,
                     const NameOf& nameOf);
         std::size_t Size() const { return count_; }
+        std::size_t BytesHeld() const { return slots_.capacity() * sizeof(Slot); }
         // Calls f(id) for every name held, in no particular order.
         template <typename F> void ForEachId(const F& f) const {
             for (const Slot& slot : slots_)
@@ -146,8 +149,12 @@ private:
         std::uint32_t offset;
         std::uint32_t length;
     };
-    // Copies a written line, given in pieces, into the current chunk of written_.
+    // Copies a written line, given in pieces, into the current chunk of written_; when that is
+    // full and most of written_ is replaced lines, into a compacted written_ instead.
     Placed Own(std::initializer_list<std::string_view> pieces);
+    // Moves the written lines still in the document into one chunk with room for extra bytes;
+    // returns the chunks they were in.
+    std::deque<std::string> Compact(std::size_t extra);
     // Puts an escaped value on a key's line; false when it holds that value already.
     bool ReplaceValue(std::size_t line, std::string_view escaped);
     void AddOwnedLine(std::initializer_list<std::string_view> pieces, Ending ending);
@@ -157,6 +164,10 @@ private:
     // that views into them stay valid while later lines are written (and an import of
     // hundreds of thousands of keys does not allocate a string for each).
     std::deque<std::string> written_; // a deque: adding a chunk moves none of the others
+    // Bytes of written_ in use, and how many of them lines of the document still show: each
+    // edit of a value leaves its old line behind, so a long typing session is compacted.
+    std::size_t writtenUsed_ = 0;
+    std::size_t writtenLive_ = 0;
     std::vector<Line> lines_;
     std::vector<Section> sections_;
     NameIndex sectionIndex_; // section name -> number of its first occurrence

@@ -1,5 +1,6 @@
 #include "core/modFunctions.h"
 
+#include "core/ProjectLayout.h"
 #include "core/names.h"
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
@@ -8,17 +9,6 @@
 
 namespace modFunctions {
 namespace {
-
-constexpr std::string_view ProjectSubfolders[] = {
-    "\\emphaty", "\\emphaty\\new", "\\faction_prop", "\\initialworld",
-    "\\XML",     "\\Protocol",     "\\compiled",     "\\misc"};
-
-// The files that belong to one faction alone, deleted with it, in this order.
-constexpr std::pair<std::string_view, std::string_view> FactionFiles[] = {
-    {"\\emphaty\\new\\reps_", ".facts"},       {"\\emphaty\\new\\", ".tmp"},
-    {"\\faction_prop\\shiplist_", ".lst"},     {"\\faction_prop\\Voicelist_", ".lst"},
-    {"\\faction_prop\\scanlist_", ".lst"},     {"\\faction_prop\\bodylist_", ".lst"},
-    {"\\faction_prop\\formationlist_", ".lst"}};
 
 std::string Trimmed(std::string_view text) {
     const auto blank = [](char c) { return c == ' ' || c == '\t'; };
@@ -44,11 +34,11 @@ std::string WithoutBrackets(std::string_view line) {
 } // namespace
 
 std::string ProjectsFolder(std::string_view appDir) {
-    return std::string(appDir) + "\\projects";
+    return ProjectLayout::ProjectsFolder(appDir);
 }
 
 std::string ProjectPath(std::string_view appDir, std::string_view project, std::string_view piece) {
-    return ProjectsFolder(appDir) + "\\" + platform::DiskName(project) + std::string(piece);
+    return ProjectLayout::Of(appDir, project).Folder() + std::string(piece);
 }
 
 std::string LibraryFolder(std::string_view appDir, std::string_view subsystem) {
@@ -86,10 +76,10 @@ std::string FindProject(std::string_view appDir, std::string_view name) {
 
 void CreateProjectFolders(std::string_view appDir, std::string_view name) {
     names::Require(name, "Project name");
-    const std::string root = ProjectPath(appDir, name);
-    platform::CreateFolder(root);
-    for (const std::string_view sub : ProjectSubfolders)
-        platform::CreateFolder(root + std::string(sub));
+    const ProjectLayout project = ProjectLayout::Of(appDir, name);
+    platform::CreateFolder(project.Folder());
+    for (const std::string_view sub : layout::Subfolders)
+        platform::CreateFolder(project.Path(sub));
 }
 
 void DeleteProjectFolder(std::string_view appDir, std::string_view name) {
@@ -110,7 +100,7 @@ std::string ProtocolEntry(std::string_view text) {
 }
 
 void WriteProtocol(std::string_view appDir, std::string_view project, std::string_view text) {
-    const std::string path = ProjectPath(appDir, project, "\\protocol\\protocol.txt");
+    const std::string path = ProjectLayout::Of(appDir, project).ProtocolFile();
     const std::string entry = ProtocolEntry(text);
     try {
         txtReadWrite::AppendFileText(path, entry);
@@ -120,7 +110,7 @@ void WriteProtocol(std::string_view appDir, std::string_view project, std::strin
 }
 
 std::string RegistryPath(std::string_view appDir, std::string_view project) {
-    return ProjectPath(appDir, project, "\\misc\\factions.ini");
+    return ProjectLayout::Of(appDir, project).Registry();
 }
 
 std::vector<RegistryEntry> LoadRegistry(const std::string& registryPath) {
@@ -234,10 +224,8 @@ void DeleteFaction(std::string_view appDir, std::string_view project, std::strin
         RegistryWithoutFaction(txtReadWrite::ReadFileText(registry), nickname, group);
     // The registry first: when it cannot be rewritten, the faction keeps its files too.
     txtReadWrite::WriteFileText(registry, text);
-    for (const auto& [prefix, suffix] : FactionFiles)
-        platform::DeleteFile(
-            ProjectPath(appDir, project,
-                        std::string(prefix) + platform::DiskName(nickname) + std::string(suffix)));
+    for (const std::string& file : ProjectLayout::Of(appDir, project).FactionFiles(nickname))
+        platform::DeleteFile(file);
 }
 
 std::vector<std::string> LoadListFile(const std::string& path) {

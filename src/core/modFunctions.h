@@ -16,8 +16,9 @@ inline constexpr std::string_view NameNotFromDisk =
 
 // <app dir>\projects
 std::string ProjectsFolder(std::string_view appDir);
-// <app dir>\projects\<project><piece>; piece is a literal starting with "\" (or empty), in
-// the disk's spelling. The project name (Windows-1252) is spelled in UTF-8, as on disk.
+// <app dir>\projects\<project>; the project name (Windows-1252) is spelled in UTF-8, as on
+// disk. What lies below it, ProjectLayout knows; a piece ("\misc\factions.ini") is appended
+// as given, for tests that spell the files they look at themselves.
 std::string ProjectPath(std::string_view appDir, std::string_view project,
                         std::string_view piece = {});
 // <app dir>\data\<subsystem>\original_factions for "emphaty", "faction_prop", "initialworld".
@@ -32,8 +33,8 @@ std::vector<std::string> ListProjects(std::string_view appDir,
                                       std::vector<std::string>* leftOut = nullptr);
 // The project named without regard to case, as spelled on disk; empty when there is none.
 std::string FindProject(std::string_view appDir, std::string_view name);
-// Creates the project folder and its eight subfolders in order. Throws platform::FileError
-// at the first folder that cannot be made (folders made before it stay).
+// Creates the project folder and its eight subfolders (layout::Subfolders) in order. Throws
+// platform::FileError at the first folder that cannot be made (folders made before it stay).
 void CreateProjectFolders(std::string_view appDir, std::string_view name);
 // Deletes the project folder with all its contents, ignoring errors.
 void DeleteProjectFolder(std::string_view appDir, std::string_view name);

@@ -1,6 +1,7 @@
 #include "factionprops/FactionPropCompiler.h"
 
 #include "core/IniDocument.h"
+#include "core/ProjectLayout.h"
 #include "core/names.h"
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
@@ -12,13 +13,6 @@
 
 namespace factionprops {
 namespace {
-
-// The compiler names the list files with these capitals; on disk they may differ.
-constexpr std::string_view kShipPrefix = "Shiplist_";
-constexpr std::string_view kVoicePrefix = "voicelist_";
-constexpr std::string_view kBodyPrefix = "bodylist_";
-constexpr std::string_view kScanPrefix = "scanlist_";
-constexpr std::string_view kFormationPrefix = "formationlist_";
 
 // Only space characters count as blank; a tab is text.
 bool IsBlank(std::string_view text) {
@@ -39,12 +33,13 @@ public:
     }
 
     // Appends "<key><line>" CR LF for every non-blank line of the faction's list file.
-    void AppendLines(std::string& text, std::string_view prefix, const std::string& nickname,
+    void AppendLines(std::string& text, PickList list, const std::string& nickname,
                      std::string_view key) const {
-        std::string name(prefix);
-        name += nickname;
-        name += ".lst";
-        const auto found = files_.find(names::Folded(name));
+        const layout::FactionFileName name = layout::ListName(list);
+        std::string file(name.prefix);
+        file += nickname;
+        file += name.suffix;
+        const auto found = files_.find(names::Folded(file));
         if (found == files_.end())
             return;
         std::string bytes;
@@ -81,15 +76,12 @@ void AppendOptional(std::string& text, std::string_view key, std::string_view va
 
 } // namespace
 
-std::string CompiledFactionPropPath(const std::string& projectFolder) {
-    return projectFolder + "\\compiled\\faction_prop.ini";
-}
-
 std::string FactionPropText(const std::string& projectFolder,
                             const std::vector<std::string>& factions,
                             const progress::Report& report) {
-    const auto sheets = txtReadWrite::ReadIniDocument(projectFolder + "\\faction_prop\\grp.ini");
-    const ListFolder lists(projectFolder + "\\faction_prop");
+    const ProjectLayout project(projectFolder);
+    const auto sheets = txtReadWrite::ReadIniDocument(project.PropertyFile());
+    const ListFolder lists(project.Path(layout::PropertyFolder));
     std::string text;
     text.reserve(factions.size() * 1024);
     progress::Step at{0, factions.size(), 0, 0};
@@ -104,10 +96,10 @@ std::string FactionPropText(const std::string& projectFolder,
         AppendLine(text, "nickname_plurality = ", read(key::Plurality, "Singular"));
         AppendLine(text, "msg_id_prefix = ", read(key::MsgIdPrefix, ""));
         AppendLine(text, "jump_preference = ", read(key::Jump, "jumpgate"));
-        lists.AppendLines(text, kShipPrefix, n, "npc_ship = ");
-        lists.AppendLines(text, kVoicePrefix, n, "voice = ");
+        lists.AppendLines(text, PickList::Ships, n, "npc_ship = ");
+        lists.AppendLines(text, PickList::Voices, n, "voice = ");
         AppendLine(text, "mc_costume = ", read(key::McCostume, ""));
-        lists.AppendLines(text, kBodyPrefix, n, "space_costume = ");
+        lists.AppendLines(text, PickList::Bodyparts, n, "space_costume = ");
         AppendOptional(text, "firstname_male = ", read(key::FirstnameMale, ""));
         AppendOptional(text, "firstname_female = ", read(key::FirstnameFemale, ""));
         AppendOptional(text, "lastname = ", read(key::Lastname, ""));
@@ -115,10 +107,10 @@ std::string FactionPropText(const std::string& projectFolder,
         AppendOptional(text, "formation_desig = ", read(key::FormationDesig, ""));
         AppendOptional(text, "large_ship_desig = ", read(key::LargeShipDesig, ""));
         AppendOptional(text, "large_ship_names = ", read(key::LargeShipNames, ""));
-        lists.AppendLines(text, kScanPrefix, n, "scan_for_cargo = ");
+        lists.AppendLines(text, PickList::Scan, n, "scan_for_cargo = ");
         AppendOptional(text, "scan_announce = ", read(key::ScanAnnounce, "false"));
         AppendOptional(text, "scan_chance = ", read(key::ScanChance, "0.0"));
-        lists.AppendLines(text, kFormationPrefix, n, "formation = ");
+        lists.AppendLines(text, PickList::Formations, n, "formation = ");
         text += "\r\n";
         ++at.outerDone;
         progress::Tell(report, at);
@@ -128,7 +120,7 @@ std::string FactionPropText(const std::string& projectFolder,
 
 void CompileFactionProp(const std::string& projectFolder, const std::vector<std::string>& factions,
                         const progress::Report& report) {
-    txtReadWrite::WriteFileText(CompiledFactionPropPath(projectFolder),
+    txtReadWrite::WriteFileText(ProjectLayout(projectFolder).Path(layout::CompiledFactionProp),
                                 FactionPropText(projectFolder, factions, report));
 }
 

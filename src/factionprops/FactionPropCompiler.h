@@ -7,9 +7,6 @@
 
 namespace factionprops {
 
-// <project folder>\compiled\faction_prop.ini
-std::string CompiledFactionPropPath(const std::string& projectFolder);
-
 // The text of faction_prop.ini (without the final CR LF the writer adds): one
 // [FactionProps] block per faction, in the given order, each followed by an empty line.
 // projectFolder is "<app dir>\projects\<project>". Progress counts factions (outer) only.

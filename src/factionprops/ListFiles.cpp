@@ -1,39 +1,14 @@
 #include "factionprops/ListFiles.h"
 
+#include "core/ProjectLayout.h"
 #include "core/modFunctions.h"
-#include "core/platform.h"
 #include "core/txtReadWrite.h"
 
 namespace factionprops {
 
-std::string_view ListPrefix(PickList list) {
-    switch (list) {
-    case PickList::Ships:
-        return "Shiplist_";
-    case PickList::Voices:
-        return "Voicelist_";
-    case PickList::Bodyparts:
-        return "Bodylist_";
-    case PickList::Scan:
-        return "Scanlist_";
-    case PickList::Formations:
-        return "Formationlist_";
-    }
-    return {};
-}
-
 std::string ListFilePath(std::string_view appDir, std::string_view project, PickList list,
                          std::string_view nickname) {
-    return ListFileIn(modFunctions::ProjectPath(appDir, project), list, nickname);
-}
-
-std::string ListFileIn(std::string_view projectFolder, PickList list, std::string_view nickname) {
-    std::string path(projectFolder);
-    path += "\\faction_prop\\";
-    path += ListPrefix(list);
-    path += platform::DiskName(nickname);
-    path += ".lst";
-    return path;
+    return ProjectLayout::Of(appDir, project).ListFile(list, nickname);
 }
 
 std::string ListFileText(const std::vector<std::string>& entries) {

@@ -1,11 +1,11 @@
 #include "factionprops/PropertySheet.h"
 
-#include "core/modFunctions.h"
+#include "core/ProjectLayout.h"
 
 namespace factionprops {
 
 std::string PropertyFile(std::string_view appDir, std::string_view project) {
-    return modFunctions::ProjectPath(appDir, project, "\\faction_prop\\grp.ini");
+    return ProjectLayout::Of(appDir, project).PropertyFile();
 }
 
 Legality LegalityOf(std::string_view stored) {

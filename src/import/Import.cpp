@@ -1,5 +1,6 @@
 #include "import/Import.h"
 
+#include "core/ProjectLayout.h"
 #include "core/ReadAhead.h"
 #include "core/modFunctions.h"
 #include "core/names.h"
@@ -53,10 +54,10 @@ OriginalFaction ReadFrom(std::string_view appDir, std::string_view reputationNam
 void WriteFactionValues(txtReadWrite::Transaction& transaction, const OriginalFaction& faction,
                         const std::string& projectFolder) {
     const std::string& n = faction.nickname;
-    transaction.WriteIni(n, "grp", faction.reputation.group,
-                         projectFolder + "\\misc\\factions.ini");
+    const ProjectLayout project(projectFolder);
+    transaction.WriteIni(n, "grp", faction.reputation.group, project.Registry());
 
-    const std::string eventFile = reputation::EventFile(projectFolder);
+    const std::string eventFile = project.EventFile();
     for (const EventEntry& event : faction.reputation.events)
         for (std::size_t e = 0; e < EventNames.size(); ++e)
             if (event.name == EventNames[e])
@@ -65,7 +66,7 @@ void WriteFactionValues(txtReadWrite::Transaction& transaction, const OriginalFa
     std::vector<IniDocument::KeyValue> values;
     for (std::size_t i = 0; i < ProjectPropKeys.size(); ++i)
         values.emplace_back(ProjectPropKeys[i], faction.props.values[i]);
-    transaction.WriteEach(n, values, projectFolder + "\\faction_prop\\grp.ini");
+    transaction.WriteEach(n, values, project.PropertyFile());
 
     const OriginalInitialWorld& world = faction.world;
     values = {{"ids_name", world.idsName},
@@ -74,7 +75,7 @@ void WriteFactionValues(txtReadWrite::Transaction& transaction, const OriginalFa
     values.reserve(3 + world.reputations.size());
     for (const StartingReputation& entry : world.reputations)
         values.emplace_back(entry.nickname, entry.value);
-    transaction.WriteEach(n, values, initialworld::DataFile(projectFolder));
+    transaction.WriteEach(n, values, project.WorldFile());
 }
 
 // A faction's own whole files, path and text: its empathy file and its five list files.
@@ -90,7 +91,8 @@ std::vector<std::pair<std::string, std::string>> FactionFiles(const OriginalFact
             .append("]\r\nrep=")
             .append(entry.value)
             .append("\r\n");
-    files.emplace_back(reputation::EmpathyFile(projectFolder, n), std::move(empathy));
+    const ProjectLayout project(projectFolder);
+    files.emplace_back(project.EmpathyFile(n), std::move(empathy));
 
     using factionprops::PickList;
     const OriginalFactionProps& props = faction.props;
@@ -99,8 +101,7 @@ std::vector<std::pair<std::string, std::string>> FactionFiles(const OriginalFact
                                         {PickList::Bodyparts, &props.bodyParts},
                                         {PickList::Scan, &props.scans},
                                         {PickList::Formations, &props.formations}})
-        files.emplace_back(factionprops::ListFileIn(projectFolder, list, n),
-                           factionprops::ListFileText(*entries));
+        files.emplace_back(project.ListFile(list, n), factionprops::ListFileText(*entries));
     return files;
 }
 

@@ -1,13 +1,12 @@
 #include "initialworld/InitialWorld.h"
 
+#include "core/ProjectLayout.h"
 #include "core/txtReadWrite.h"
 
 namespace initialworld {
 
-namespace {} // namespace
-
 std::string DataFile(std::string_view projectFolder) {
-    return std::string(projectFolder) + "\\initialworld\\grp.ini";
+    return ProjectLayout(projectFolder).WorldFile();
 }
 
 Ids ReadIds(const std::string& file, std::string_view faction) {

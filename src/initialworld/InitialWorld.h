@@ -14,7 +14,7 @@ inline constexpr std::string_view IdsInfo = "ids_info";
 // What the editor shows (and so stores again) for a missing IDS key.
 inline constexpr std::string_view MissingIds = "error";
 
-// <project folder>\initialworld\grp.ini
+// The initial-world file of a project folder (see ProjectLayout).
 std::string DataFile(std::string_view projectFolder);
 
 struct Ids {

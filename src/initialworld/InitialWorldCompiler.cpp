@@ -1,6 +1,7 @@
 #include "initialworld/InitialWorldCompiler.h"
 
 #include "core/IniDocument.h"
+#include "core/ProjectLayout.h"
 #include "core/txtReadWrite.h"
 #include "initialworld/InitialWorld.h"
 
@@ -26,10 +27,6 @@ constexpr std::string_view Header = "//Warning: The Orrindel 2.0 can't know your
                                     "\r\n\r\n\r\n\r\n";
 
 } // namespace
-
-std::string CompiledFile(std::string_view projectFolder) {
-    return std::string(projectFolder) + "\\compiled\\initialworld.ini";
-}
 
 std::string CompiledText(const IniDocument& data, const std::vector<std::string>& factions,
                          const std::vector<std::string>& rows, const progress::Report& report) {
@@ -72,8 +69,9 @@ std::string CompiledText(const IniDocument& data, const std::vector<std::string>
 
 void CompileInitialWorld(std::string_view projectFolder, const std::vector<std::string>& factions,
                          const std::vector<std::string>& rows, const progress::Report& report) {
-    const auto data = txtReadWrite::ReadIniDocument(DataFile(projectFolder));
-    txtReadWrite::WriteFileText(CompiledFile(projectFolder),
+    const ProjectLayout project(projectFolder);
+    const auto data = txtReadWrite::ReadIniDocument(project.WorldFile());
+    txtReadWrite::WriteFileText(project.Path(layout::CompiledInitialWorld),
                                 CompiledText(*data, factions, rows, report));
 }
 

@@ -11,9 +11,6 @@ class IniDocument;
 
 namespace initialworld {
 
-// <project folder>\compiled\initialworld.ini
-std::string CompiledFile(std::string_view projectFolder);
-
 // Progress: the factions are the outer count, the rows of each faction the inner one.
 // The whole file as it is written (without the line end that the file writer adds).
 std::string CompiledText(const IniDocument& data, const std::vector<std::string>& factions,

@@ -1,5 +1,6 @@
 #include "matrix/ReputationMatrix.h"
 
+#include "core/GameNumber.h"
 #include "core/IniDocument.h"
 #include "core/names.h"
 #include "core/txtReadWrite.h"
@@ -7,7 +8,6 @@
 #include "initialworld/InitialWorld.h"
 #include "reputation/ReputationFiles.h"
 
-#include <charconv>
 #include <stdexcept>
 
 namespace matrix {
@@ -16,28 +16,6 @@ namespace {
 void Put(Matrix& matrix, std::size_t row, std::size_t column, std::optional<std::string> entry) {
     if (entry)
         matrix.Set(row, column, std::move(*entry));
-}
-
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-// The plain decimal form of a number; the game reads nothing else as one.
-bool IsPlainNumber(std::string_view text) {
-    std::size_t i = 0;
-    if (i < text.size() && (text[i] == '-' || text[i] == '+'))
-        ++i;
-    bool digits = false;
-    bool point = false;
-    for (; i < text.size(); ++i) {
-        if (IsDigit(text[i]))
-            digits = true;
-        else if (text[i] == '.' && !point)
-            point = true;
-        else
-            return false;
-    }
-    return digits;
 }
 
 void AppendField(std::string& out, std::string_view bytes, Format format) {
@@ -131,23 +109,15 @@ void Edit(Store store, std::string_view projectFolder, Matrix& matrix, std::size
 Reading Read(std::string_view value, bool stored) {
     if (!stored)
         return {Kind::Missing, 0.0};
-    if (!IsPlainNumber(value))
+    const auto number = gameNumber::Read(value);
+    if (!number)
         return {Kind::NotANumber, 0.0};
-    if (value.front() == '+')
-        value.remove_prefix(1);
-    double number = 0.0;
-    std::from_chars(value.data(), value.data() + value.size(), number);
-    return {number < -1.0 || number > 1.0 ? Kind::OutOfRange : Kind::Number, number};
+    return {*number < -1.0 || *number > 1.0 ? Kind::OutOfRange : Kind::Number, *number};
 }
 
 bool Differ(const Matrix& matrix, std::size_t row, std::size_t column) {
-    const Reading there = Read(matrix.Value(row, column), matrix.IsStored(row, column));
-    const Reading back = Read(matrix.Value(column, row), matrix.IsStored(column, row));
-    const auto numeric = [](Kind kind) { return kind == Kind::Number || kind == Kind::OutOfRange; };
-    if (numeric(there.kind) && numeric(back.kind))
-        return there.number != back.number;
     return matrix.IsStored(row, column) != matrix.IsStored(column, row) ||
-           matrix.Value(row, column) != matrix.Value(column, row);
+           !gameNumber::SameValue(matrix.Value(row, column), matrix.Value(column, row));
 }
 
 std::vector<std::size_t> Filter(const std::vector<std::string>& nicknames,

@@ -58,10 +58,11 @@ struct Reading {
     Kind kind = Kind::Missing;
     double number = 0.0;
 };
-// A number is an optional sign, digits and at most one decimal point ("-0.3", "1", ".5");
-// anything else, an empty stored value included, is not a number.
+// A number is what the game reads as one (gameNumber::Read); anything else, an empty stored
+// value included, is not a number.
 Reading Read(std::string_view value, bool stored);
-// Two directions differ: as numbers when both read as numbers, otherwise as text.
+// Two directions differ: one is stored and the other not, or they are not the same value
+// (gameNumber::SameValue).
 bool Differ(const Matrix& matrix, std::size_t row, std::size_t column);
 
 // The factions whose group is group (any group when it is empty) and whose nickname holds

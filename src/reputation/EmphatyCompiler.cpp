@@ -1,5 +1,6 @@
 #include "reputation/EmphatyCompiler.h"
 
+#include "core/ProjectLayout.h"
 #include "core/names.h"
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
@@ -22,20 +23,22 @@ void AppendLine(std::string& out, std::string_view a, std::string_view b = {},
 
 // Deletes the scratch file of each faction that an interrupted run left behind. One listing
 // of the folder finds them all, whatever their capitals.
-void DeleteLeftoverScratchFiles(const std::string& projectFolder,
+void DeleteLeftoverScratchFiles(const ProjectLayout& project,
                                 const std::vector<std::string>& factions) {
     std::unordered_map<std::string, std::string> present;
     for (std::string& name :
-         platform::ListFolder(DataFolder(projectFolder), platform::EntryKind::Files)) {
+         platform::ListFolder(project.Path(layout::EmpathyFolder), platform::EntryKind::Files)) {
         std::string folded = names::Folded(name);
-        if (folded.ends_with(".tmp"))
+        if (folded.ends_with(layout::ScratchName.suffix))
             present.try_emplace(std::move(folded), std::move(name));
     }
     if (present.empty())
         return;
     for (const std::string& g : factions)
-        if (const auto it = present.find(names::Folded(g + ".tmp")); it != present.end())
-            platform::DeleteFile(DataFolder(projectFolder) + "\\" + platform::DiskName(it->second));
+        if (const auto it =
+                present.find(names::Folded(g + std::string(layout::ScratchName.suffix)));
+            it != present.end())
+            platform::DeleteFile(project.Path(layout::FileIn(layout::EmpathyFolder, it->second)));
 }
 
 } // namespace
@@ -86,8 +89,9 @@ std::string EmphatyText(const std::string& projectFolder, const std::vector<std:
 
 void CompileEmphaty(const std::string& projectFolder, const std::vector<std::string>& factions,
                     const std::vector<std::string>& rows, const progress::Report& report) {
-    const std::string output = CompiledFile(projectFolder);
-    DeleteLeftoverScratchFiles(projectFolder, factions);
+    const ProjectLayout project(projectFolder);
+    const std::string output = project.Path(layout::CompiledEmphaty);
+    DeleteLeftoverScratchFiles(project, factions);
     if (factions.empty()) {
         platform::DeleteFile(output);
         return;

@@ -1,5 +1,6 @@
 #include "reputation/ReputationFiles.h"
 
+#include "core/ProjectLayout.h"
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
 
@@ -7,20 +8,12 @@
 
 namespace reputation {
 
-std::string DataFolder(std::string_view projectFolder) {
-    return std::string(projectFolder) + "\\emphaty\\new";
-}
-
 std::string EventFile(std::string_view projectFolder) {
-    return DataFolder(projectFolder) + "\\grp.ini";
+    return ProjectLayout(projectFolder).EventFile();
 }
 
 std::string EmpathyFile(std::string_view projectFolder, std::string_view nickname) {
-    return DataFolder(projectFolder) + "\\reps_" + platform::DiskName(nickname) + ".facts";
-}
-
-std::string CompiledFile(std::string_view projectFolder) {
-    return std::string(projectFolder) + "\\compiled\\emphaty.ini";
+    return ProjectLayout(projectFolder).EmpathyFile(nickname);
 }
 
 std::array<std::string, 4> ReadEvents(const std::string& eventFile, std::string_view faction) {

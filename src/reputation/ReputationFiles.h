@@ -20,14 +20,9 @@ inline constexpr std::array<std::string_view, 19> Choices = {
     "-0.9", "-0.8", "-0.7", "-0.6", "-0.5", "-0.4", "-0.3", "-0.2", "-0.1", "0.0",
     "0.1",  "0.2",  "0.3",  "0.4",  "0.5",  "0.6",  "0.7",  "0.8",  "0.9"};
 
-// <project folder>\emphaty\new\grp.ini
+// The event file and a faction's empathy file of a project folder (see ProjectLayout).
 std::string EventFile(std::string_view projectFolder);
-// <project folder>\emphaty\new\reps_<nickname>.facts
 std::string EmpathyFile(std::string_view projectFolder, std::string_view nickname);
-// <project folder>\emphaty\new: the folder of the event, empathy and scratch files
-std::string DataFolder(std::string_view projectFolder);
-// <project folder>\compiled\emphaty.ini
-std::string CompiledFile(std::string_view projectFolder);
 
 // The four event values of a faction, "0.0" for each one missing.
 std::array<std::string, 4> ReadEvents(const std::string& eventFile, std::string_view faction);

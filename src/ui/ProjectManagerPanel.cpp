@@ -1,5 +1,6 @@
 #include "ui/ProjectManagerPanel.h"
 
+#include "core/ProjectLayout.h"
 #include "core/ProtocolLines.h"
 #include "core/modFunctions.h"
 #include "core/names.h"
@@ -119,8 +120,8 @@ void ProjectManagerPanel::lstProjects_Click() {
     const QListWidgetItem* item = lstProjects->currentItem();
     if (!item)
         return;
-    const std::string path = modFunctions::ProjectPath(session.appDir, text::ToFile(item->text()),
-                                                       "\\protocol\\protocol.txt");
+    const std::string path =
+        ProjectLayout::Of(session.appDir, text::ToFile(item->text())).ProtocolFile();
     QString log;
     dialogs.Attempt(QStringLiteral("The protocol could not be read."),
                     [&] { log = text::ToQt(txtReadWrite::ReadFileText(path)); });

@@ -21,14 +21,10 @@ public:
         emit ActiveProjectCaptionChanged();
     }
 
-    // <app dir>\projects\<ActiveProject><piece>
-    std::string ProjectPath(std::string_view piece = {}) const {
-        return modFunctions::ProjectPath(appDir, ActiveProject, piece);
-    }
-    // <app dir>\projects\<caption of lblActiveProject><piece>
-    std::string CaptionProjectPath(std::string_view piece = {}) const {
-        return modFunctions::ProjectPath(appDir, caption_, piece);
-    }
+    // <app dir>\projects\<ActiveProject>
+    std::string ProjectPath() const { return modFunctions::ProjectPath(appDir, ActiveProject); }
+    // <app dir>\projects\<caption of lblActiveProject>
+    std::string CaptionProjectPath() const { return modFunctions::ProjectPath(appDir, caption_); }
     // WriteProtocol into the project that lblActiveProject names.
     void WriteProtocol(std::string_view text) const {
         modFunctions::WriteProtocol(appDir, caption_, text);

@@ -299,3 +299,27 @@ TEST(ProjectCheckReport, TextAndJsonForms) {
 }
 
 } // namespace
+
+TEST_F(ProjectCheckTest, FilesOfAFactionNamedBeyondAsciiAreRead) {
+    const std::string nick = "K\xE4"
+                             "fer"; // its files are named in UTF-8 on disk
+    Edit("misc/factions.ini", "[a_grp]", "[" + nick + "]\r\ngrp=Beetles\r\n[a_grp]");
+    Write("emphaty/new/reps_K\xC3\xA4"
+          "fer.facts",
+          "[a_grp]\r\nrep=2\r\n");
+    Write("faction_prop/Shiplist_K\xC3\xA4"
+          "fer.lst",
+          "no_such_ship\r\n\r\n");
+    std::map<std::string, std::string> byFile; // file -> messages of the faction's findings
+    for (const Finding& f : Check())
+        if (f.faction == nick)
+            byFile[f.file] += f.message + "\n";
+    EXPECT_NE(byFile["emphaty\\new\\reps_K\xE4"
+                     "fer.facts"]
+                  .find("outside -1 to 1"),
+              std::string::npos);
+    EXPECT_NE(byFile["faction_prop\\Shiplist_K\xE4"
+                     "fer.lst"]
+                  .find("No catalogue holds \"no_such_ship\""),
+              std::string::npos);
+}

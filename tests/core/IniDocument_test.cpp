@@ -196,3 +196,26 @@ TEST(IniDocument, ALargeFileIsWrittenInPiecesThatMakeItWhole) {
     EXPECT_EQ(doc.Bytes(), expected);
     EXPECT_GT(pieces, 2);
 }
+
+TEST(IniDocument, EditingOneValueOverAndOverKeepsItsMemory) {
+    std::string text;
+    for (int faction = 0; faction < 40; ++faction)
+        text += "[f" + std::to_string(faction) + "]\r\nrep=0.0\r\nids_name=1001\r\n";
+    for (const bool copied : {false, true}) {
+        IniDocument document(text);
+        document.Write("f7", "rep", "0.1");
+        if (copied) // a copy's written lines have no room to spare
+            document = IniDocument(document);
+        const std::size_t first = document.BytesHeld();
+        for (int edit = 0; edit < 100000; ++edit)
+            document.Write("f7", "rep", "-0." + std::to_string(edit));
+        document.Write("f9", "new", "x");
+        EXPECT_LE(document.BytesHeld(), 2 * first) << (copied ? "copied" : "parsed");
+        // The compacted lines read and write as before.
+        EXPECT_EQ(document.Read("f7", "rep", ""), "-0.99999");
+        EXPECT_EQ(document.Read("f9", "new", ""), "x");
+        EXPECT_EQ(document.Read("f39", "ids_name", ""), "1001");
+        EXPECT_NE(document.Bytes().find("[f7]\r\nrep=-0.99999\r\nids_name=1001\r\n[f8]"),
+                  std::string::npos);
+    }
+}
