@@ -1,12 +1,10 @@
 #include "ui/ReputationPage.h"
 
-#include "core/ProtocolLines.h"
 #include "core/txtReadWrite.h"
-#include "reputation/EmphatyCompiler.h"
 #include "reputation/ReputationFiles.h"
+#include "ui/CompileAction.h"
 #include "ui/Dialogs.h"
 #include "ui/Named.h"
-#include "ui/ProgressRun.h"
 #include "ui/ReputationQuestions.h"
 #include "ui/Session.h"
 #include "ui/Text.h"
@@ -40,7 +38,6 @@ std::string Nickname(const QVariant& data) {
     return std::string(bytes.constData(), static_cast<std::size_t>(bytes.size()));
 }
 
-// The file a failure is about, for the message box.
 } // namespace
 
 ReputationPage::ReputationPage(Session& session, Dialogs& dialogs, QWidget* parent)
@@ -248,11 +245,9 @@ void ReputationPage::StoreEvent(std::size_t event) {
     if (g.empty())
         return;
     const std::string file = reputation::EventFile(ProjectFolder());
-    try {
+    dialogs.Attempt({}, [&] {
         reputation::WriteEvent(file, g, event, text::ToFile(eventCombos[event]->currentText()));
-    } catch (const std::exception& error) {
-        dialogs.ShowError(Dialogs::Describe(error));
-    }
+    });
 }
 
 void ReputationPage::Combo1_Change() {
@@ -302,14 +297,13 @@ void ReputationPage::lv_emphaty_DblClick() {
         towards.push_back(Nickname(item->data(ColumnFaction, NicknameRole)));
         rates.push_back(text::ToFile(item->text(ColumnRep)));
     }
-    try {
+    const bool stored = dialogs.Attempt({}, [&] {
         reputation::StoreEditedRate(ProjectFolder(), g, towards, std::move(rates),
                                     static_cast<std::size_t>(lv_emphaty->indexOfTopLevelItem(row)),
                                     text::ToFile(v), chkForceREP->isChecked());
-    } catch (const std::exception& error) {
-        dialogs.ShowError(Dialogs::Describe(error));
+    });
+    if (!stored)
         return;
-    }
     // The column shows what is on disk.
     row->setText(ColumnRep, v);
 }
@@ -328,29 +322,12 @@ void ReputationPage::btnEmphatySave_Click() {
     for (int r = 0; r < lv_emphaty->topLevelItemCount(); ++r)
         rows.push_back(Nickname(lv_emphaty->topLevelItem(r)->data(ColumnFaction, NicknameRole)));
 
-    // The faction bar counts from 0 to the last index. A bar whose maximum is 0 draws a busy
-    // indicator, so a single faction gets a maximum of 1 and fills it when done.
-    const int lastFaction = static_cast<int>(factions.size()) - 1;
-    pgEmphaty2->setRange(0, std::max(lastFaction, 1));
-    pgEmphaty1->setRange(0, std::max(static_cast<int>(rows.size()), 1));
     // The faction bar shows the index of the last finished faction, the row bar the rows of
     // the faction under way.
-    const auto show = [this, lastFaction](const progress::Step& at) {
-        if (at.outerDone > 0)
-            pgEmphaty2->setValue(lastFaction > 0 ? static_cast<int>(at.outerDone - 1) : 1);
-        if (at.innerDone > 0)
-            pgEmphaty1->setValue(static_cast<int>(at.innerDone));
-    };
-    const std::string folder = ProjectFolder();
-    const bool compiled = dialogs.Attempt(QStringLiteral("Emphaty.ini was not compiled."), [&] {
-        progressrun::Run(
-            [&](const progress::Report& report) {
-                reputation::CompileEmphaty(folder, factions, rows, report);
-            },
-            show);
-    });
-    if (!compiled)
-        return;
-    dialogs.Attempt(QStringLiteral("The protocol could not be written."),
-                    [this] { session.WriteProtocol(protocol::EmphatyCompiled); });
+    compileAction::Run(
+        dialogs, session,
+        {compile::GameFile::Emphaty, ProjectFolder(), std::move(factions), std::move(rows)},
+        QStringLiteral("Emphaty.ini was not compiled."),
+        {{pgEmphaty2, progressrun::Bar::Count::Outer, progressrun::Bar::Shows::LastIndex},
+         {pgEmphaty1, progressrun::Bar::Count::Inner}});
 }
