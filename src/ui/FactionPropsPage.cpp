@@ -487,13 +487,28 @@ void FactionPropsPage::cboFP_group_Click() {
     const std::string n = ShownFaction();
     if (n.empty())
         return;
+    loading = true;
+    loadError.clear();
+    // A file that cannot be read ends the load; what was shown by then stays.
+    const auto failure =
+        Dialogs::Failure([&] { ShowStoredValues(n); },
+                         [](const std::exception& error) { return Dialogs::Describe(error); });
+    if (failure)
+        ReportError(*failure);
+
+    loading = false;
+    if (!loadError.isEmpty()) {
+        const QString error = loadError;
+        loadError.clear();
+        dialogs.ShowError(error);
+    }
+}
+
+void FactionPropsPage::ShowStoredValues(const std::string& n) {
     const std::string file = fp::PropertyFile(session.appDir, session.ActiveProject);
     const auto read = [&](std::string_view key, std::string_view defaultValue) {
         return txtReadWrite::ReadIni(n, key, defaultValue, file);
     };
-    loading = true;
-    loadError.clear();
-
     {
         // Only the offered items change; the shown text stays and nothing is written.
         const QSignalBlocker quiet(cboFPprefix);
@@ -536,13 +551,6 @@ void FactionPropsPage::cboFP_group_Click() {
     txtFPlsn->setText(text::ToQt(read(fp::key::LargeShipNames, "")));
 
     LoadLists(n);
-
-    loading = false;
-    if (!loadError.isEmpty()) {
-        const QString error = loadError;
-        loadError.clear();
-        dialogs.ShowError(error);
-    }
 }
 
 // ---- property sheet ----

@@ -154,22 +154,25 @@ std::string InitialWorldPage::DataFile() const {
 void InitialWorldPage::cboInit_group_Click() {
     if (session.ActiveProject.empty())
         return;
-    const std::string g = text::ToFile(cboInit_group->currentText());
-    const std::string file = DataFile();
-    const initialworld::Ids ids = initialworld::ReadIds(file, g);
-    // Each box that changes stores its value again (a missing key becomes "error").
-    txtInitName->setText(text::ToQt(ids.name));
-    txtInitShortName->setText(text::ToQt(ids.shortName));
-    txtInitInfo->setText(text::ToQt(ids.info));
+    // A file that cannot be read ends the load; what was shown by then stays.
+    dialogs.Attempt({}, [&] {
+        const std::string g = text::ToFile(cboInit_group->currentText());
+        const std::string file = DataFile();
+        const initialworld::Ids ids = initialworld::ReadIds(file, g);
+        // Each box that changes stores its value again (a missing key becomes "error").
+        txtInitName->setText(text::ToQt(ids.name));
+        txtInitShortName->setText(text::ToQt(ids.shortName));
+        txtInitInfo->setText(text::ToQt(ids.info));
 
-    std::vector<std::string> rows;
-    rows.reserve(static_cast<std::size_t>(lv_Init->topLevelItemCount()));
-    for (int r = 0; r < lv_Init->topLevelItemCount(); ++r)
-        rows.push_back(text::ToFile(lv_Init->topLevelItem(r)->text(0)));
-    const auto reputations = initialworld::ReadReputations(file, g, rows);
-    for (int r = 0; r < lv_Init->topLevelItemCount(); ++r)
-        lv_Init->topLevelItem(r)->setText(RepColumn,
-                                          text::ToQt(reputations[static_cast<std::size_t>(r)]));
+        std::vector<std::string> rows;
+        rows.reserve(static_cast<std::size_t>(lv_Init->topLevelItemCount()));
+        for (int r = 0; r < lv_Init->topLevelItemCount(); ++r)
+            rows.push_back(text::ToFile(lv_Init->topLevelItem(r)->text(0)));
+        const auto reputations = initialworld::ReadReputations(file, g, rows);
+        for (int r = 0; r < lv_Init->topLevelItemCount(); ++r)
+            lv_Init->topLevelItem(r)->setText(RepColumn,
+                                              text::ToQt(reputations[static_cast<std::size_t>(r)]));
+    });
 }
 
 void InitialWorldPage::StoreIds(std::string_view key, const QLineEdit* box) {

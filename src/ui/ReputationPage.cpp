@@ -220,24 +220,27 @@ std::string ReputationPage::ChosenFaction() const {
 void ReputationPage::cboemphaty_group_Click() {
     if (cboemphaty_group->currentIndex() < 0)
         return;
-    const std::string g = ChosenFaction();
-    const std::string folder = ProjectFolder();
-    const auto values = reputation::ReadEvents(reputation::EventFile(folder), g);
-    // A combo whose text changes stores it again through its change handler.
-    for (std::size_t i = 0; i < eventCombos.size(); ++i)
-        eventCombos[i]->setEditText(text::ToQt(values[i]));
+    // A file that cannot be read ends the load; what was shown by then stays.
+    dialogs.Attempt({}, [&] {
+        const std::string g = ChosenFaction();
+        const std::string folder = ProjectFolder();
+        const auto values = reputation::ReadEvents(reputation::EventFile(folder), g);
+        // A combo whose text changes stores it again through its change handler.
+        for (std::size_t i = 0; i < eventCombos.size(); ++i)
+            eventCombos[i]->setEditText(text::ToQt(values[i]));
 
-    const int rowCount = lv_emphaty->topLevelItemCount();
-    std::vector<std::string> towards;
-    towards.reserve(static_cast<std::size_t>(rowCount));
-    for (int n = 0; n < cboemphaty_group->count(); ++n)
-        towards.push_back(Nickname(cboemphaty_group->itemData(n)));
-    const auto rates = reputation::ReadRates(reputation::EmpathyFile(folder, g), towards);
-    lv_emphaty->setUpdatesEnabled(false);
-    for (int n = 0; n < static_cast<int>(rates.size()) && n < rowCount; ++n)
-        lv_emphaty->topLevelItem(n)->setText(ColumnRep,
-                                             text::ToQt(rates[static_cast<std::size_t>(n)]));
-    lv_emphaty->setUpdatesEnabled(true);
+        const int rowCount = lv_emphaty->topLevelItemCount();
+        std::vector<std::string> towards;
+        towards.reserve(static_cast<std::size_t>(rowCount));
+        for (int n = 0; n < cboemphaty_group->count(); ++n)
+            towards.push_back(Nickname(cboemphaty_group->itemData(n)));
+        const auto rates = reputation::ReadRates(reputation::EmpathyFile(folder, g), towards);
+        lv_emphaty->setUpdatesEnabled(false);
+        for (int n = 0; n < static_cast<int>(rates.size()) && n < rowCount; ++n)
+            lv_emphaty->topLevelItem(n)->setText(ColumnRep,
+                                                 text::ToQt(rates[static_cast<std::size_t>(n)]));
+        lv_emphaty->setUpdatesEnabled(true);
+    });
 }
 
 void ReputationPage::StoreEvent(std::size_t event) {
