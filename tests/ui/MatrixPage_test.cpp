@@ -1,6 +1,7 @@
 // The matrix page against real project folders: what it shows, and that its edits leave on
 // disk exactly what the one-faction pages' edits leave.
 #include "core/modFunctions.h"
+#include "support/FullDisk.h"
 #include "support/PageFixture.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempFolder.h"
@@ -243,17 +244,6 @@ void MatrixPageTest::aFailedEditIsToldNamingTheFileAndLeavesTheCell() {
     QCOMPARE(TempFolder::Read(*folder / "projects/Grid/emphaty/new/reps_A.facts"),
              before.at("emphaty/new/reps_A.facts"));
 }
-
-namespace {
-// A disk that is full: every write fails.
-class FullDisk : public platform::FileCalls {
-public:
-    ssize_t Write(int, const char*, std::size_t) override {
-        errno = ENOSPC;
-        return -1;
-    }
-};
-} // namespace
 
 void MatrixPageTest::aFailedExportIsToldNamingTheFileAndLeavesItAsItWas() {
     page->Reload();
