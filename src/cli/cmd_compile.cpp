@@ -1,44 +1,23 @@
 #include "cli/Command.h"
-#include "core/ProtocolLines.h"
-#include "core/RunTogether.h"
+#include "compile/Compile.h"
 #include "core/modFunctions.h"
 #include "core/names.h"
-#include "factionprops/FactionPropCompiler.h"
-#include "initialworld/InitialWorldCompiler.h"
-#include "reputation/EmphatyCompiler.h"
-
-#include <functional>
 
 namespace cli {
 namespace {
 
-// One game file: its name on the command line, how to build it from the project folder and
-// the registry's faction order, and the protocol line that follows a successful compile.
+// One game file: its name on the command line.
 struct Compiler {
     std::string_view name;
-    std::function<void(const std::string& projectFolder, const std::vector<std::string>& factions)>
-        compile;
-    std::string_view protocolLine;
+    compile::GameFile file;
 };
 
 const std::vector<Compiler>& Compilers() {
     // In this order when no file is named.
     static const std::vector<Compiler> compilers = {
-        {"emphaty",
-         [](const std::string& folder, const std::vector<std::string>& factions) {
-             reputation::CompileEmphaty(folder, factions, factions);
-         },
-         protocol::EmphatyCompiled},
-        {"faction_prop",
-         [](const std::string& folder, const std::vector<std::string>& factions) {
-             factionprops::CompileFactionProp(folder, factions);
-         },
-         protocol::FactionPropCompiled},
-        {"initialworld",
-         [](const std::string& folder, const std::vector<std::string>& factions) {
-             initialworld::CompileInitialWorld(folder, factions, factions);
-         },
-         protocol::InitialWorldCompiled},
+        {"emphaty", compile::GameFile::Emphaty},
+        {"faction_prop", compile::GameFile::FactionProp},
+        {"initialworld", compile::GameFile::InitialWorld},
     };
     return compilers;
 }
@@ -67,18 +46,13 @@ int RunCompile(const Arguments& args, Context& context) {
         modFunctions::RegistryNicknames(modFunctions::RegistryPath(context.appDir, *project));
     for (const std::string& nickname : factions)
         names::Require(nickname, "The registry's nickname");
-    // The game files are independent of each other: they are compiled side by side. Each
-    // one compiled gets its protocol line, in the usual order, before a failure is reported.
-    std::vector<std::function<void()>> jobs;
+    // The game files are independent of each other: they are compiled side by side.
+    std::vector<compile::Job> jobs;
     for (const Compiler* compiler : chosen)
-        jobs.emplace_back([compiler, &folder, &factions] { compiler->compile(folder, factions); });
-    const auto failures = together::Run(jobs);
-    for (std::size_t i = 0; i < chosen.size(); ++i)
-        if (!failures[i])
-            modFunctions::WriteProtocol(context.appDir, *project, chosen[i]->protocolLine);
-    for (const std::exception_ptr& failure : failures)
-        if (failure)
-            std::rethrow_exception(failure);
+        jobs.push_back({compiler->file, folder, factions, factions});
+    compile::RunTogether(jobs, [&](std::string_view line) {
+        modFunctions::WriteProtocol(context.appDir, *project, line);
+    });
     return Ok;
 }
 

@@ -190,8 +190,8 @@ std::optional<std::string> ReadBytes(std::string_view path) {
     return bytes;
 }
 
-void ReplaceFile(std::string_view path, std::string_view bytes) {
-    StagedReplacement replacement;
+void ReplaceFile(std::string_view path, std::string_view bytes, FileCalls& calls) {
+    StagedReplacement replacement(calls);
     replacement.Stage(path, bytes);
     replacement.Commit();
 }

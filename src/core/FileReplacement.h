@@ -35,7 +35,8 @@ FileCalls& SystemFileCalls();
 std::optional<std::string> ReadBytes(std::string_view path);
 // Crash-safe replacement: a temporary file in the same folder renamed over the target.
 // A read-only target is refused. Throws FileError.
-void ReplaceFile(std::string_view path, std::string_view bytes);
+void ReplaceFile(std::string_view path, std::string_view bytes,
+                 FileCalls& calls = SystemFileCalls());
 // Appends in one write call, creating the file when missing. Throws FileError.
 void AppendBytes(std::string_view path, std::string_view bytes);
 

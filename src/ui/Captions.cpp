@@ -156,6 +156,10 @@ std::span<const Row> FindingsWindowTable() {
     return FindingsWindowRows;
 }
 
+QString Say(const Message& message, Language language) {
+    return QString::fromUtf8(language == Language::German ? message.german : message.english);
+}
+
 void Apply(QWidget& window, Language language, std::span<const Row> rows) {
     for (const Row& row : rows) {
         const QString text =

@@ -2,6 +2,7 @@
 // The main window's two languages: one table of rows, applied by a loop. Controls are
 // found by objectName anywhere in the window, the hosted pages included; windows it owns
 // (the import dialog) have one set of captions and are left alone.
+#include <QString>
 #include <span>
 
 class QWidget;
@@ -34,6 +35,15 @@ std::span<const Row> FindingsWindowTable();
 // Sets every row of a table (the main window's unless named) to the language; rows whose
 // control is absent are skipped.
 void Apply(QWidget& window, Language language, std::span<const Row> rows = Table());
+
+// A message to the user in both languages, with %1, %2 for what it names.
+struct Message {
+    const char* german; // UTF-8
+    const char* english;
+};
+inline constexpr Message CouldNotWrite = {"%1 konnte nicht geschrieben werden: %2",
+                                          "Could not write %1: %2"};
+QString Say(const Message& message, Language language);
 
 // The caption of VantelButton2 while the interface is German (it offers the other language).
 inline constexpr const char* OfferEnglish = "Englische Version";

@@ -1,22 +1,29 @@
 #pragma once
 // The registry panel's check button: it checks the active project and shows the findings in
-// frmCheck. A double-click on a finding comes back through ShowFinding.
+// frmCheck. A double-click on a finding goes to the window that takes the user there.
 #include "check/ProjectCheck.h"
+#include "ui/Captions.h"
 
 #include <QObject>
 #include <QPointer>
+#include <functional>
 
 class Dialogs;
+class QWidget;
 class VantelButton;
 class frmCheck;
-class frmMain;
 class Session;
 
 class CheckAction : public QObject {
     Q_OBJECT
 public:
-    // Findings are shown in the main window, which owns this action and the findings window.
-    CheckAction(Session& session, Dialogs& dialogs, VantelButton* btnCheck, frmMain& window);
+    // What the action asks of the window it works for.
+    struct Window {
+        QWidget& widget;                              // owns this action and the findings window
+        std::function<captions::Language()> language; // the findings window opens in it
+        std::function<void(const check::Finding&)> showFinding;
+    };
+    CheckAction(Session& session, Dialogs& dialogs, VantelButton* btnCheck, Window window);
     // The open findings window, or null.
     frmCheck* FindingsWindow() const;
 
@@ -26,11 +33,6 @@ private slots:
 private:
     Session& session;
     Dialogs& dialogs;
-    frmMain& mainWindow;
+    Window owner;
     QPointer<frmCheck> window;
 };
-
-// Takes the main window to what a finding is about: its store's page with the faction chosen
-// as a user's pick would choose it (the registry list's entry, for the registry), and for a
-// list file the list's tab.
-void ShowFinding(frmMain& mainWindow, const check::Finding& finding);

@@ -1,9 +1,12 @@
 #pragma once
 // Modal questions go through this interface so that tests can answer them.
+#include "ui/Captions.h"
+
 #include <QMessageBox>
 #include <QString>
 #include <exception>
 #include <functional>
+#include <optional>
 
 class QWidget;
 
@@ -24,10 +27,31 @@ public:
     // system's own separators) and the reason.
     static QString Describe(const std::exception& error);
 
-    // Runs a handler's core call. A failure is shown as `failure` (what could not be done)
-    // followed by the core's description, or the description alone for a refused name; the
-    // result is false then.
+    // The core's reason alone, for a message that names the file itself.
+    static QString Reason(const std::exception& error);
+
+    // What the user is told about a failed core call, in words made from the error.
+    using Wording = std::function<QString(const std::exception& error)>;
+    // Runs a handler's core call. A failure is shown in the words `wording` makes of it (empty
+    // words show nothing: the routine ends silently); the result is false then.
+    bool Attempt(const std::function<void()>& call, const Wording& wording);
+    // The usual words: `failure` (what could not be done) followed by the core's description,
+    // or the description alone for a refused name.
+    static QString Told(const QString& failure, const std::exception& error);
+    // Attempt in the usual words.
     bool Attempt(const QString& failure, const std::function<void()>& call);
+    // For a handler that gathers its failures to show them once: the words of the call's
+    // failure, nullopt when it succeeded.
+    static std::optional<QString> Failure(const std::function<void()>& call,
+                                          const Wording& wording);
+    // "Could not write <file>: <reason>" in the shown language.
+    Wording CouldNotWrite(const QString& file) const;
+
+    // The language of the messages that have one; the main window keeps it in step with its own.
+    void SetLanguage(captions::Language language) { language_ = language; }
+
+private:
+    captions::Language language_ = captions::Language::German;
 };
 
 // The real modal boxes, parented to a window.

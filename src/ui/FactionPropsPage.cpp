@@ -1,14 +1,12 @@
 #include "ui/FactionPropsPage.h"
 
-#include "core/ProtocolLines.h"
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
 #include "factionprops/Catalogues.h"
-#include "factionprops/FactionPropCompiler.h"
 #include "factionprops/PropertySheet.h"
+#include "ui/CompileAction.h"
 #include "ui/Dialogs.h"
 #include "ui/Named.h"
-#include "ui/ProgressRun.h"
 #include "ui/Session.h"
 #include "ui/Text.h"
 #include "ui/VantelButton.h"
@@ -389,12 +387,14 @@ void FactionPropsPage::Store(std::string_view key, std::string_view value) {
     if (faction.empty())
         return;
     const std::string file = fp::PropertyFile(session.appDir, session.ActiveProject);
-    try {
-        txtReadWrite::WriteIni(faction, key, value, file);
-    } catch (const std::exception& error) {
-        ReportError(QStringLiteral("\"%1\" could not be stored in %2: %3")
-                        .arg(text::ToQt(key), text::NativePath(file), Dialogs::Describe(error)));
-    }
+    const auto failure = Dialogs::Failure(
+        [&] { txtReadWrite::WriteIni(faction, key, value, file); },
+        [&](const std::exception& error) {
+            return QStringLiteral("\"%1\" could not be stored in %2: %3")
+                .arg(text::ToQt(key), text::NativePath(file), Dialogs::Describe(error));
+        });
+    if (failure)
+        ReportError(*failure);
 }
 
 void FactionPropsPage::Store(std::string_view key, const QString& value) {
@@ -404,14 +404,15 @@ void FactionPropsPage::Store(std::string_view key, const QString& value) {
 bool FactionPropsPage::WriteList(QListWidget* list, fp::PickList kind, const std::string& project,
                                  const std::string& faction) {
     const std::string path = fp::ListFilePath(session.appDir, project, kind, faction);
-    try {
-        fp::WriteListFile(path, Entries(list));
-        return true;
-    } catch (const std::exception& error) {
-        ReportError(QStringLiteral("%1 could not be written: %2")
-                        .arg(text::NativePath(path), Dialogs::Describe(error)));
-        return false;
-    }
+    const auto failure =
+        Dialogs::Failure([&] { fp::WriteListFile(path, Entries(list)); },
+                         [&](const std::exception& error) {
+                             return QStringLiteral("%1 could not be written: %2")
+                                 .arg(text::NativePath(path), Dialogs::Describe(error));
+                         });
+    if (failure)
+        ReportError(*failure);
+    return !failure;
 }
 
 void FactionPropsPage::AddEntry(QListWidget* list, fp::PickList kind, const QString& entry,
@@ -486,13 +487,28 @@ void FactionPropsPage::cboFP_group_Click() {
     const std::string n = ShownFaction();
     if (n.empty())
         return;
+    loading = true;
+    loadError.clear();
+    // A file that cannot be read ends the load; what was shown by then stays.
+    const auto failure =
+        Dialogs::Failure([&] { ShowStoredValues(n); },
+                         [](const std::exception& error) { return Dialogs::Describe(error); });
+    if (failure)
+        ReportError(*failure);
+
+    loading = false;
+    if (!loadError.isEmpty()) {
+        const QString error = loadError;
+        loadError.clear();
+        dialogs.ShowError(error);
+    }
+}
+
+void FactionPropsPage::ShowStoredValues(const std::string& n) {
     const std::string file = fp::PropertyFile(session.appDir, session.ActiveProject);
     const auto read = [&](std::string_view key, std::string_view defaultValue) {
         return txtReadWrite::ReadIni(n, key, defaultValue, file);
     };
-    loading = true;
-    loadError.clear();
-
     {
         // Only the offered items change; the shown text stays and nothing is written.
         const QSignalBlocker quiet(cboFPprefix);
@@ -535,13 +551,6 @@ void FactionPropsPage::cboFP_group_Click() {
     txtFPlsn->setText(text::ToQt(read(fp::key::LargeShipNames, "")));
 
     LoadLists(n);
-
-    loading = false;
-    if (!loadError.isEmpty()) {
-        const QString error = loadError;
-        loadError.clear();
-        dialogs.ShowError(error);
-    }
 }
 
 // ---- property sheet ----
@@ -692,22 +701,9 @@ void FactionPropsPage::btnCompileFP_Click() {
     factions.reserve(static_cast<std::size_t>(cboFP_group->count()));
     for (int i = 0; i < cboFP_group->count(); ++i)
         factions.push_back(text::ToFile(cboFP_group->itemText(i)));
-    // A range of 0 to 0 would make the bar a busy indicator.
-    pgFP2->setRange(0, std::max(1, cboFP_group->count()));
-    pgFP2->setValue(0);
-    const std::string folder = session.ProjectPath();
-    const bool compiled =
-        dialogs.Attempt(QStringLiteral("Faction_Prop.ini was not compiled."), [&] {
-            progressrun::Run(
-                [&](const progress::Report& report) {
-                    fp::CompileFactionProp(folder, factions, report);
-                },
-                [this](const progress::Step& at) {
-                    pgFP2->setValue(static_cast<int>(at.outerDone));
-                });
-        });
-    if (!compiled)
-        return;
-    dialogs.Attempt(QStringLiteral("The protocol could not be written."),
-                    [this] { session.WriteProtocol(protocol::FactionPropCompiled); });
+    compileAction::Run(
+        dialogs, session,
+        {compile::GameFile::FactionProp, session.ProjectPath(), std::move(factions), {}},
+        QStringLiteral("Faction_Prop.ini was not compiled."),
+        {{pgFP2, progressrun::Bar::Count::Outer}});
 }

@@ -96,6 +96,8 @@ private:
     bool WriteList(QListWidget* list, factionprops::PickList kind, const std::string& project,
                    const std::string& faction);
     void LoadLists(const std::string& faction);
+    // Shows the faction's stored values in the controls (their handlers write back).
+    void ShowStoredValues(const std::string& faction);
     void ReportError(const QString& text);
     // With no faction shown in the picker the property and list controls show their initial
     // values and take no edits; a nickname shown (picked or typed) makes them editable.

@@ -50,11 +50,8 @@ void ImportActions::btnImportAll_Click() {
     if (session.ActiveProject.empty())
         return;
     // The bar runs from 0 to the last entry's index, as the entries are counted from 0.
-    const auto show = [this](const progress::Step& at) {
-        pgImportAll->setMaximum(at.outerTotal > 0 ? static_cast<int>(at.outerTotal) - 1 : 0);
-        if (at.outerDone > 0)
-            pgImportAll->setValue(static_cast<int>(at.outerDone) - 1);
-    };
+    const progressrun::Show show = progressrun::OnBars(
+        {{pgImportAll, progressrun::Bar::Count::Outer, progressrun::Bar::Shows::LastIndex}});
     const std::string folder = session.ProjectPath();
     importer::ImportAllResult result;
     const bool imported = dialogs.Attempt(QStringLiteral("Nothing was imported."), [&] {

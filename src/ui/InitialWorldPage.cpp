@@ -1,13 +1,11 @@
 #include "ui/InitialWorldPage.h"
 
-#include "core/ProtocolLines.h"
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
 #include "initialworld/InitialWorld.h"
-#include "initialworld/InitialWorldCompiler.h"
+#include "ui/CompileAction.h"
 #include "ui/Dialogs.h"
 #include "ui/Named.h"
-#include "ui/ProgressRun.h"
 #include "ui/ReputationQuestions.h"
 #include "ui/Session.h"
 #include "ui/Text.h"
@@ -32,11 +30,6 @@ constexpr int RepColumn = 2;
 
 QLabel* Label(const char* name, const QString& caption, QWidget* parent) {
     return Named(new QLabel(caption, parent), name);
-}
-
-// A bar with a maximum of 0 would turn into a busy indicator; an empty run shows it empty.
-void SetMaximum(QProgressBar* bar, std::size_t maximum) {
-    bar->setMaximum(std::max(1, static_cast<int>(maximum)));
 }
 
 } // namespace
@@ -161,33 +154,34 @@ std::string InitialWorldPage::DataFile() const {
 void InitialWorldPage::cboInit_group_Click() {
     if (session.ActiveProject.empty())
         return;
-    const std::string g = text::ToFile(cboInit_group->currentText());
-    const std::string file = DataFile();
-    const initialworld::Ids ids = initialworld::ReadIds(file, g);
-    // Each box that changes stores its value again (a missing key becomes "error").
-    txtInitName->setText(text::ToQt(ids.name));
-    txtInitShortName->setText(text::ToQt(ids.shortName));
-    txtInitInfo->setText(text::ToQt(ids.info));
+    // A file that cannot be read ends the load; what was shown by then stays.
+    dialogs.Attempt({}, [&] {
+        const std::string g = text::ToFile(cboInit_group->currentText());
+        const std::string file = DataFile();
+        const initialworld::Ids ids = initialworld::ReadIds(file, g);
+        // Each box that changes stores its value again (a missing key becomes "error").
+        txtInitName->setText(text::ToQt(ids.name));
+        txtInitShortName->setText(text::ToQt(ids.shortName));
+        txtInitInfo->setText(text::ToQt(ids.info));
 
-    std::vector<std::string> rows;
-    rows.reserve(static_cast<std::size_t>(lv_Init->topLevelItemCount()));
-    for (int r = 0; r < lv_Init->topLevelItemCount(); ++r)
-        rows.push_back(text::ToFile(lv_Init->topLevelItem(r)->text(0)));
-    const auto reputations = initialworld::ReadReputations(file, g, rows);
-    for (int r = 0; r < lv_Init->topLevelItemCount(); ++r)
-        lv_Init->topLevelItem(r)->setText(RepColumn,
-                                          text::ToQt(reputations[static_cast<std::size_t>(r)]));
+        std::vector<std::string> rows;
+        rows.reserve(static_cast<std::size_t>(lv_Init->topLevelItemCount()));
+        for (int r = 0; r < lv_Init->topLevelItemCount(); ++r)
+            rows.push_back(text::ToFile(lv_Init->topLevelItem(r)->text(0)));
+        const auto reputations = initialworld::ReadReputations(file, g, rows);
+        for (int r = 0; r < lv_Init->topLevelItemCount(); ++r)
+            lv_Init->topLevelItem(r)->setText(RepColumn,
+                                              text::ToQt(reputations[static_cast<std::size_t>(r)]));
+    });
 }
 
 void InitialWorldPage::StoreIds(std::string_view key, const QLineEdit* box) {
     const QString g = cboInit_group->currentText();
     if (g.isEmpty())
         return;
-    try {
+    dialogs.Attempt({}, [&] {
         initialworld::WriteIds(DataFile(), text::ToFile(g), key, text::ToFile(box->text()));
-    } catch (const std::exception& error) {
-        dialogs.ShowError(Dialogs::Describe(error));
-    }
+    });
 }
 
 void InitialWorldPage::txtInitName_Change() {
@@ -212,14 +206,13 @@ void InitialWorldPage::lv_Init_DblClick() {
     const QString v = reputationQuestions::AskStartingReputation(dialogs);
     if (v.isEmpty())
         return;
-    try {
+    const bool stored = dialogs.Attempt({}, [&] {
         initialworld::WriteReputation(DataFile(), text::ToFile(cboInit_group->currentText()),
                                       text::ToFile(row->text(0)), text::ToFile(v),
                                       chkForceRep2->isChecked());
-    } catch (const std::exception& error) {
-        dialogs.ShowError(Dialogs::Describe(error));
+    });
+    if (!stored)
         return;
-    }
     row->setText(RepColumn, v);
 }
 
@@ -235,22 +228,10 @@ void InitialWorldPage::VantelButton13_Click() {
     for (int r = 0; r < lv_Init->topLevelItemCount(); ++r)
         rows.push_back(text::ToFile(lv_Init->topLevelItem(r)->text(0)));
 
-    const auto show = [this](const progress::Step& at) {
-        SetMaximum(pgInit2, at.outerTotal);
-        pgInit2->setValue(static_cast<int>(at.outerDone));
-        SetMaximum(pgInit1, at.innerTotal);
-        pgInit1->setValue(static_cast<int>(at.innerDone));
-    };
-    const std::string folder = session.ProjectPath();
-    const bool compiled = dialogs.Attempt(QStringLiteral("Initialworld.ini was not created."), [&] {
-        progressrun::Run(
-            [&](const progress::Report& report) {
-                initialworld::CompileInitialWorld(folder, factions, rows, report);
-            },
-            show);
-    });
-    if (!compiled)
-        return;
-    dialogs.Attempt(QStringLiteral("The protocol could not be written."),
-                    [this] { session.WriteProtocol(protocol::InitialWorldCompiled); });
+    compileAction::Run(
+        dialogs, session,
+        {compile::GameFile::InitialWorld, session.ProjectPath(), std::move(factions),
+         std::move(rows)},
+        QStringLiteral("Initialworld.ini was not created."),
+        {{pgInit2, progressrun::Bar::Count::Outer}, {pgInit1, progressrun::Bar::Count::Inner}});
 }

@@ -32,6 +32,12 @@ void MatrixModel::SetDescribe(std::function<QString(matrix::Kind)> describe) {
     describe_ = std::move(describe);
 }
 
+void MatrixModel::Edit(matrix::Store store, std::string_view projectFolder, int row, int column,
+                       std::string_view value, bool mirror) {
+    matrix::Edit(store, projectFolder, data_, FactionAt(row), FactionAt(column), value, mirror);
+    DataChanged();
+}
+
 void MatrixModel::DataChanged() {
     if (!shown_.empty())
         emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));

@@ -29,11 +29,12 @@ public:
     void SetHighlightAsymmetric(bool on);
     // Words for the marks in tool tips (they follow the page's language).
     void SetDescribe(std::function<QString(matrix::Kind)> describe);
-    // After the data was changed through Data(): every cell is repainted.
-    void DataChanged();
+    // Stores a value for the shown cell (its files first, then the matrix) and repaints; with
+    // mirror the opposite cell gets it too. Throws as matrix::Edit; nothing changes then.
+    void Edit(matrix::Store store, std::string_view projectFolder, int row, int column,
+              std::string_view value, bool mirror);
 
     const matrix::Matrix& Data() const { return data_; }
-    matrix::Matrix& Data() { return data_; }
     const std::vector<std::size_t>& Shown() const { return shown_; }
     // The registry index of a shown row or column.
     std::size_t FactionAt(int section) const { return shown_[static_cast<std::size_t>(section)]; }
@@ -48,6 +49,8 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
+    // Every cell is repainted.
+    void DataChanged();
     QString Direction(std::size_t from, std::size_t to) const;
 
     matrix::Matrix data_;

@@ -13,6 +13,7 @@
 #include <QBuffer>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QHBoxLayout>
@@ -20,7 +21,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPainter>
 #include <QRadioButton>
 #include <QShowEvent>
 #include <QTableView>
@@ -30,11 +30,6 @@
 #include <set>
 
 namespace {
-
-constexpr int CellWidth = 46;
-constexpr int CellHeight = 20;
-// The exported picture stays below this many pixels a side; smaller cells lose their text.
-constexpr int PictureLimit = 4000;
 
 // A small square of the legend, painted in the colour it explains.
 QLabel* Swatch(const QColor& colour, QWidget* parent) {
@@ -48,14 +43,6 @@ QLabel* Swatch(const QColor& colour, QWidget* parent) {
 std::string Bytes(const QVariant& data) {
     const QByteArray bytes = data.toByteArray();
     return std::string(bytes.constData(), static_cast<std::size_t>(bytes.size()));
-}
-
-// The widest nickname in pixels, within bounds that keep the grid usable.
-int HeaderExtent(const MatrixModel& model, const QFontMetrics& metrics) {
-    int widest = 0;
-    for (int i = 0; i < model.rowCount(); ++i)
-        widest = std::max(widest, metrics.horizontalAdvance(model.Nickname(i)));
-    return std::clamp(widest + 12, 40, 180);
 }
 
 } // namespace
@@ -96,8 +83,8 @@ MatrixPage::MatrixPage(Session& session, Dialogs& dialogs, QWidget* parent)
         header->setSectionResizeMode(QHeaderView::Fixed);
         header->setHighlightSections(true);
     }
-    grdMatrix->horizontalHeader()->setDefaultSectionSize(CellWidth);
-    grdMatrix->verticalHeader()->setDefaultSectionSize(CellHeight);
+    grdMatrix->horizontalHeader()->setDefaultSectionSize(matrixPicture::CellWidth);
+    grdMatrix->verticalHeader()->setDefaultSectionSize(matrixPicture::CellHeight);
 
     lblMatrixCell = Named(new QLabel(this), "lblMatrixCell");
     lblMatrixCell->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -241,12 +228,11 @@ void MatrixPage::Reload() {
         factions.push_back(entry.nickname);
     std::optional<matrix::Matrix> data;
     if (!session.ActiveProject.empty()) {
-        try {
-            data = matrix::Load(CurrentStore(), session.ProjectPath(), factions);
-        } catch (const std::exception& error) {
-            dialogs.ShowError(QStringLiteral("The matrix could not be read: ") +
-                              Dialogs::Describe(error));
-        }
+        dialogs.Attempt(
+            [&] { data = matrix::Load(CurrentStore(), session.ProjectPath(), factions); },
+            [](const std::exception& error) {
+                return QStringLiteral("The matrix could not be read: ") + Dialogs::Describe(error);
+            });
     }
     // Without a project (or after a failure) the factions are shown with nothing stored.
     model->Reset(data ? std::move(*data) : matrix::Matrix(factions));
@@ -289,7 +275,7 @@ void MatrixPage::ApplyFilter() {
 }
 
 void MatrixPage::FitHeaders() {
-    const int extent = HeaderExtent(*model, grdMatrix->fontMetrics());
+    const int extent = matrixPicture::HeaderExtent(*model, grdMatrix->fontMetrics());
     grdMatrix->horizontalHeader()->setFixedHeight(extent);
     grdMatrix->verticalHeader()->setFixedWidth(extent);
 }
@@ -333,13 +319,11 @@ void MatrixPage::grdMatrix_DblClick(const QModelIndex& index) {
     if (v.isEmpty())
         return;
     const bool stored = dialogs.Attempt({}, [&] {
-        matrix::Edit(store, session.ProjectPath(), model->Data(), model->FactionAt(index.row()),
-                     model->FactionAt(index.column()), text::ToFile(v),
-                     chkMatrixForceRep->isChecked());
+        model->Edit(store, session.ProjectPath(), index.row(), index.column(), text::ToFile(v),
+                    chkMatrixForceRep->isChecked());
     });
     if (!stored)
         return;
-    model->DataChanged();
     grdMatrix_MouseMove(index);
 }
 
@@ -361,69 +345,29 @@ void MatrixPage::btnMatrixPng_Click() {
         ExportPngTo(path);
 }
 
-bool MatrixPage::ExportCsvTo(const QString& path) {
-    return WriteExport(path, matrix::Formatted(model->Data(), model->Shown(), matrix::Format::Csv));
+bool MatrixPage::ExportCsvTo(const QString& path, platform::FileCalls& calls) {
+    return WriteExport(path, matrix::Formatted(model->Data(), model->Shown(), matrix::Format::Csv),
+                       calls);
 }
 
-bool MatrixPage::ExportPngTo(const QString& path) {
+bool MatrixPage::ExportPngTo(const QString& path, platform::FileCalls& calls) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    if (!Picture().save(&buffer, "PNG")) {
+    const QImage picture =
+        matrixPicture::Picture(*model, *delegate, grdMatrix->font(), grdMatrix->palette());
+    if (!picture.save(&buffer, "PNG")) {
         dialogs.ShowError(QStringLiteral("The picture %1 could not be made.").arg(path));
         return false;
     }
-    return WriteExport(path,
-                       std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+    return WriteExport(
+        path, std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())), calls);
 }
 
-bool MatrixPage::WriteExport(const QString& path, std::string_view bytes) {
+bool MatrixPage::WriteExport(const QString& path, std::string_view bytes,
+                             platform::FileCalls& calls) {
     // A path the user picked on this machine: spelled in the file system's own encoding.
-    try {
-        platform::ReplaceFile(QFile::encodeName(path).toStdString(), bytes);
-        return true;
-    } catch (const std::exception& error) {
-        dialogs.ShowError(QStringLiteral("%1 could not be written: %2")
-                              .arg(path, QString::fromLocal8Bit(error.what())));
-    }
-    return false;
-}
-
-QImage MatrixPage::Picture() const {
-    const int n = model->rowCount();
-    const int cell = std::clamp(PictureLimit / std::max(n, 1), 2, CellWidth);
-    // Full-size cells keep their text and the nicknames; smaller ones are colour only.
-    const bool withText = cell == CellWidth;
-    const int width = cell;
-    const int height = withText ? CellHeight : cell;
-    const int head = withText ? HeaderExtent(*model, grdMatrix->fontMetrics()) : 0;
-    QImage image(head + n * width, head + n * height, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    painter.setFont(grdMatrix->font());
-    const QPalette palette = grdMatrix->palette();
-    if (withText) {
-        painter.fillRect(0, 0, head, head, palette.button());
-        for (int i = 0; i < n; ++i) {
-            NicknameHeader::PaintUpright(painter, QRect(head + i * width, 0, width, head),
-                                         model->Nickname(i), palette);
-            const QRect rowHead(0, head + i * height, head, height);
-            painter.fillRect(rowHead, palette.button());
-            painter.setPen(palette.buttonText().color());
-            painter.drawText(rowHead.adjusted(4, 0, -2, 0), Qt::AlignLeft | Qt::AlignVCenter,
-                             model->Nickname(i));
-        }
-    }
-    for (int r = 0; r < n; ++r)
-        for (int c = 0; c < n; ++c)
-            delegate->PaintCell(painter, QRect(head + c * width, head + r * height, width, height),
-                                r, c, withText, false);
-    if (withText) {
-        painter.setPen(palette.mid().color());
-        for (int i = 0; i <= n; ++i) {
-            painter.drawLine(head + i * width, head, head + i * width, head + n * height);
-            painter.drawLine(head, head + i * height, head + n * width, head + i * height);
-        }
-    }
-    return image;
+    return dialogs.Attempt(
+        [&] { platform::ReplaceFile(QFile::encodeName(path).toStdString(), bytes, calls); },
+        dialogs.CouldNotWrite(QDir::toNativeSeparators(path)));
 }

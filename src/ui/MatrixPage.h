@@ -3,10 +3,10 @@
 // store (empathy rates or starting reputations), in registry order. A double-click edits a
 // cell as the page that owns the store does; a filter narrows rows and columns together; the
 // shown matrix is exported as CSV or as a picture.
+#include "core/FileReplacement.h"
 #include "matrix/ReputationMatrix.h"
 #include "ui/RegistryView.h"
 
-#include <QImage>
 #include <QWidget>
 
 class Session;
@@ -34,9 +34,9 @@ public:
     void Reload();
     matrix::Store CurrentStore() const;
     // The shown matrix, as the export buttons write it; false after telling the user why not.
-    bool ExportCsvTo(const QString& path);
-    bool ExportPngTo(const QString& path);
-    QImage Picture() const;
+    // The calls that put the bytes on disk can be a test's.
+    bool ExportCsvTo(const QString& path, platform::FileCalls& calls = platform::SystemFileCalls());
+    bool ExportPngTo(const QString& path, platform::FileCalls& calls = platform::SystemFileCalls());
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -56,7 +56,7 @@ private slots:
 private:
     void ApplyFilter();
     void FitHeaders();
-    bool WriteExport(const QString& path, std::string_view bytes);
+    bool WriteExport(const QString& path, std::string_view bytes, platform::FileCalls& calls);
 
     Session& session;
     Dialogs& dialogs;

@@ -113,3 +113,59 @@ void NicknameHeader::paintSection(QPainter* painter, const QRect& rect, int logi
                  model()->headerData(logicalIndex, Qt::Horizontal, Qt::DisplayRole).toString(),
                  palette());
 }
+
+namespace matrixPicture {
+namespace {
+
+// The exported picture stays below this many pixels a side; smaller cells lose their text.
+constexpr int PictureLimit = 4000;
+
+} // namespace
+
+int HeaderExtent(const MatrixModel& model, const QFontMetrics& metrics) {
+    int widest = 0;
+    for (int i = 0; i < model.rowCount(); ++i)
+        widest = std::max(widest, metrics.horizontalAdvance(model.Nickname(i)));
+    return std::clamp(widest + 12, 40, 180);
+}
+
+QImage Picture(const MatrixModel& model, const MatrixDelegate& delegate, const QFont& font,
+               const QPalette& palette) {
+    const int n = model.rowCount();
+    const int cell = std::clamp(PictureLimit / std::max(n, 1), 2, CellWidth);
+    // Full-size cells keep their text and the nicknames; smaller ones are colour only.
+    const bool withText = cell == CellWidth;
+    const int width = cell;
+    const int height = withText ? CellHeight : cell;
+    const int head = withText ? HeaderExtent(model, QFontMetrics(font)) : 0;
+    QImage image(head + n * width, head + n * height, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setFont(font);
+    if (withText) {
+        painter.fillRect(0, 0, head, head, palette.button());
+        for (int i = 0; i < n; ++i) {
+            NicknameHeader::PaintUpright(painter, QRect(head + i * width, 0, width, head),
+                                         model.Nickname(i), palette);
+            const QRect rowHead(0, head + i * height, head, height);
+            painter.fillRect(rowHead, palette.button());
+            painter.setPen(palette.buttonText().color());
+            painter.drawText(rowHead.adjusted(4, 0, -2, 0), Qt::AlignLeft | Qt::AlignVCenter,
+                             model.Nickname(i));
+        }
+    }
+    for (int r = 0; r < n; ++r)
+        for (int c = 0; c < n; ++c)
+            delegate.PaintCell(painter, QRect(head + c * width, head + r * height, width, height),
+                               r, c, withText, false);
+    if (withText) {
+        painter.setPen(palette.mid().color());
+        for (int i = 0; i <= n; ++i) {
+            painter.drawLine(head + i * width, head, head + i * width, head + n * height);
+            painter.drawLine(head, head + i * height, head + n * width, head + i * height);
+        }
+    }
+    return image;
+}
+
+} // namespace matrixPicture

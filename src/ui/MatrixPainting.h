@@ -1,10 +1,12 @@
 #pragma once
 // How the reputation matrix is drawn: the diverging colour scale, the cell delegate that
-// paints each cell straight from the model, and a column header with upright nicknames.
+// paints each cell straight from the model, a column header with upright nicknames, and the
+// exported picture.
 #include "matrix/ReputationMatrix.h"
 
 #include <QColor>
 #include <QHeaderView>
+#include <QImage>
 #include <QStyledItemDelegate>
 
 class MatrixModel;
@@ -43,3 +45,16 @@ public:
 protected:
     void paintSection(QPainter* painter, const QRect& rect, int logicalIndex) const override;
 };
+
+namespace matrixPicture {
+// A cell's size in the grid, and in a picture small enough to show the cells whole.
+inline constexpr int CellWidth = 46;
+inline constexpr int CellHeight = 20;
+// The widest nickname in pixels, within bounds that keep the grid usable.
+int HeaderExtent(const MatrixModel& model, const QFontMetrics& metrics);
+// The shown matrix, cells painted as the grid paints them, in the grid's font and palette.
+// A large matrix gets smaller cells, colour only, so that the picture stays a few thousand
+// pixels a side.
+QImage Picture(const MatrixModel& model, const MatrixDelegate& delegate, const QFont& font,
+               const QPalette& palette);
+} // namespace matrixPicture

@@ -3,8 +3,10 @@
 #include <QApplication>
 #include <QEvent>
 #include <QEventLoop>
+#include <QProgressBar>
 #include <QThread>
 #include <QTimer>
+#include <algorithm>
 #include <exception>
 #include <memory>
 #include <mutex>
@@ -111,6 +113,19 @@ void Run(const Work& work, const Show& show) {
         show(last);
     if (failure)
         std::rethrow_exception(failure);
+}
+
+Show OnBars(std::vector<Bar> bars) {
+    return [bars = std::move(bars)](const progress::Step& step) {
+        for (const Bar& each : bars) {
+            const bool outer = each.count == Bar::Count::Outer;
+            const int done = static_cast<int>(outer ? step.outerDone : step.innerDone);
+            const int total = static_cast<int>(outer ? step.outerTotal : step.innerTotal);
+            const bool fromZero = each.shows == Bar::Shows::LastIndex && total > 1;
+            each.bar->setMaximum(std::max(fromZero ? total - 1 : total, 1));
+            each.bar->setValue(fromZero && done > 0 ? done - 1 : done);
+        }
+    };
 }
 
 } // namespace progressrun

@@ -6,6 +6,9 @@
 #include "core/Progress.h"
 
 #include <functional>
+#include <vector>
+
+class QProgressBar;
 
 namespace progressrun {
 
@@ -21,5 +24,19 @@ using Show = std::function<void(const progress::Step&)>;
 // every RefreshMs, and once more with the final step when the work ends. An exception of the
 // work is rethrown here.
 void Run(const Work& work, const Show& show);
+
+// A progress bar that follows one count of the steps.
+struct Bar {
+    enum class Count { Outer, Inner };
+    // Done: the bar runs to the total and shows how many are done. LastIndex: the units are
+    // counted from 0 and the bar shows the index of the last one done.
+    enum class Shows { Done, LastIndex };
+    QProgressBar* bar;
+    Count count;
+    Shows shows = Shows::Done;
+};
+// Moves each bar to the step. A maximum of 0 would turn a bar into a busy indicator: a bar
+// never gets less than 1, and a run of a single unit fills it when that unit is done.
+Show OnBars(std::vector<Bar> bars);
 
 } // namespace progressrun

@@ -35,6 +35,13 @@ constexpr int BadFileName = 52;
 constexpr int PathFileAccessError = 75;
 constexpr int PathNotFound = 76;
 
+// The creation error box's text, with the runtime's number of the failure.
+QString CreateProjectError(int number, const QString& description) {
+    return QStringLiteral("An error occured during create your project.\r\nError %1: %2")
+        .arg(number)
+        .arg(description);
+}
+
 } // namespace
 
 ProjectManagerPanel::ProjectManagerPanel(Session& session_, Dialogs& dialogs_, QWidget* parent)
@@ -129,38 +136,30 @@ void ProjectManagerPanel::lstProjects_Click() {
     rtfLog->setPlainText(log);
 }
 
-void ProjectManagerPanel::CreateProjectError(int number, const QString& description) {
-    dialogs.MessageBox(
-        QMessageBox::Critical, Dialogs::ApplicationTitle(),
-        QStringLiteral("An error occured during create your project.\r\nError %1: %2")
-            .arg(number)
-            .arg(description));
-}
-
 void ProjectManagerPanel::CreateProject(const QString& name) {
     const auto bytes = text::ToFileExact(name);
     if (!bytes) {
-        CreateProjectError(BadFileName,
-                           QStringLiteral("Project name \"%1\" is refused: it holds a character "
-                                          "that file names of projects cannot hold")
-                               .arg(name));
+        dialogs.ShowError(
+            CreateProjectError(BadFileName, QStringLiteral("Project name \"%1\" is refused: it "
+                                                           "holds a character that file names "
+                                                           "of projects cannot hold")
+                                                .arg(name)));
         return;
     }
-    try {
-        modFunctions::CreateProjectFolders(session.appDir, *bytes);
-    } catch (const names::NameRefused& error) {
-        CreateProjectError(BadFileName, Dialogs::Describe(error));
+    const bool created =
+        dialogs.Attempt([&] { modFunctions::CreateProjectFolders(session.appDir, *bytes); },
+                        [](const std::exception& error) {
+                            const bool refused = dynamic_cast<const names::NameRefused*>(&error);
+                            return CreateProjectError(refused ? BadFileName : PathFileAccessError,
+                                                      Dialogs::Describe(error));
+                        });
+    if (!created)
         return;
-    } catch (const std::exception& error) {
-        CreateProjectError(PathFileAccessError, Dialogs::Describe(error));
-        return;
-    }
     RefreshProjectList();
-    try {
-        session.WriteProtocol(protocol::ProjectCreated);
-    } catch (const std::exception& error) {
-        CreateProjectError(PathNotFound, Dialogs::Describe(error));
-    }
+    dialogs.Attempt([this] { session.WriteProtocol(protocol::ProjectCreated); },
+                    [](const std::exception& error) {
+                        return CreateProjectError(PathNotFound, Dialogs::Describe(error));
+                    });
 }
 
 void ProjectManagerPanel::txtdateiname_KeyPress() {

@@ -41,7 +41,6 @@ private slots:
 
 private:
     void CreateProject(const QString& name);
-    void CreateProjectError(int number, const QString& description);
     void ShowNoProject();
     QString SelectedProject() const;
 

@@ -140,34 +140,35 @@ void RegistryPanel::LoadFactionRegistry() {
     lv_newfactions->clear();
     for (RegistryView* view : views)
         view->ClearFactions();
-    try {
-        std::vector<modFunctions::RegistryEntry> entries = modFunctions::LoadRegistry(registry);
-        // A name edited by hand into something unusable must never become part of a path.
-        QStringList refused;
-        for (const auto& [nickname, reason] : modFunctions::LeaveOutRefused(entries))
-            refused << text::ToQt(nickname) + QStringLiteral(": ") + text::ToQt(reason);
-        if (!refused.isEmpty())
-            dialogs.ShowError(
-                QStringLiteral("The faction registry %1 lists names that cannot be "
-                               "used; they are left out:\r\n%2")
-                    .arg(text::NativePath(registry), refused.join(QStringLiteral("\r\n"))));
-        QList<QTreeWidgetItem*> items;
-        items.reserve(static_cast<qsizetype>(entries.size()));
-        for (const auto& entry : entries)
-            items.append(
-                new QTreeWidgetItem({text::ToQt(entry.nickname), text::ToQt(entry.group)}));
-        lv_newfactions->addTopLevelItems(items);
+    // A registry that cannot be read leaves the lists as far as they were filled, silently.
+    dialogs.Attempt([&] { FillFromRegistry(registry); },
+                    [](const std::exception&) { return QString(); });
+}
 
-        const int count = static_cast<int>(entries.size());
-        pgLoadProject->setRange(0, std::max(count, 1));
-        pgLoadProject->setValue(0);
-        for (RegistryView* view : views)
-            view->AddFactions(entries);
-        pgLoadProject->setValue(count);
-        lblFactionsGesamt->setText(QString::number(count));
-    } catch (...) {
-        // A registry that cannot be read leaves the lists as far as they were filled.
-    }
+void RegistryPanel::FillFromRegistry(const std::string& registry) {
+    std::vector<modFunctions::RegistryEntry> entries = modFunctions::LoadRegistry(registry);
+    // A name edited by hand into something unusable must never become part of a path.
+    QStringList refused;
+    for (const auto& [nickname, reason] : modFunctions::LeaveOutRefused(entries))
+        refused << text::ToQt(nickname) + QStringLiteral(": ") + text::ToQt(reason);
+    if (!refused.isEmpty())
+        dialogs.ShowError(
+            QStringLiteral("The faction registry %1 lists names that cannot be "
+                           "used; they are left out:\r\n%2")
+                .arg(text::NativePath(registry), refused.join(QStringLiteral("\r\n"))));
+    QList<QTreeWidgetItem*> items;
+    items.reserve(static_cast<qsizetype>(entries.size()));
+    for (const auto& entry : entries)
+        items.append(new QTreeWidgetItem({text::ToQt(entry.nickname), text::ToQt(entry.group)}));
+    lv_newfactions->addTopLevelItems(items);
+
+    const int count = static_cast<int>(entries.size());
+    pgLoadProject->setRange(0, std::max(count, 1));
+    pgLoadProject->setValue(0);
+    for (RegistryView* view : views)
+        view->AddFactions(entries);
+    pgLoadProject->setValue(count);
+    lblFactionsGesamt->setText(QString::number(count));
 }
 
 bool RegistryPanel::ChooseFaction(const std::string& nickname) {

@@ -43,6 +43,8 @@ private slots:
     void lv_newfactions_Click();
 
 private:
+    // Fills the lists from the registry file; throws when it cannot be read.
+    void FillFromRegistry(const std::string& registry);
     Session& session;
     Dialogs& dialogs;
     std::vector<RegistryView*> views;

@@ -1,12 +1,10 @@
 #include "ui/ReputationPage.h"
 
-#include "core/ProtocolLines.h"
 #include "core/txtReadWrite.h"
-#include "reputation/EmphatyCompiler.h"
 #include "reputation/ReputationFiles.h"
+#include "ui/CompileAction.h"
 #include "ui/Dialogs.h"
 #include "ui/Named.h"
-#include "ui/ProgressRun.h"
 #include "ui/ReputationQuestions.h"
 #include "ui/Session.h"
 #include "ui/Text.h"
@@ -40,7 +38,6 @@ std::string Nickname(const QVariant& data) {
     return std::string(bytes.constData(), static_cast<std::size_t>(bytes.size()));
 }
 
-// The file a failure is about, for the message box.
 } // namespace
 
 ReputationPage::ReputationPage(Session& session, Dialogs& dialogs, QWidget* parent)
@@ -223,24 +220,27 @@ std::string ReputationPage::ChosenFaction() const {
 void ReputationPage::cboemphaty_group_Click() {
     if (cboemphaty_group->currentIndex() < 0)
         return;
-    const std::string g = ChosenFaction();
-    const std::string folder = ProjectFolder();
-    const auto values = reputation::ReadEvents(reputation::EventFile(folder), g);
-    // A combo whose text changes stores it again through its change handler.
-    for (std::size_t i = 0; i < eventCombos.size(); ++i)
-        eventCombos[i]->setEditText(text::ToQt(values[i]));
+    // A file that cannot be read ends the load; what was shown by then stays.
+    dialogs.Attempt({}, [&] {
+        const std::string g = ChosenFaction();
+        const std::string folder = ProjectFolder();
+        const auto values = reputation::ReadEvents(reputation::EventFile(folder), g);
+        // A combo whose text changes stores it again through its change handler.
+        for (std::size_t i = 0; i < eventCombos.size(); ++i)
+            eventCombos[i]->setEditText(text::ToQt(values[i]));
 
-    const int rowCount = lv_emphaty->topLevelItemCount();
-    std::vector<std::string> towards;
-    towards.reserve(static_cast<std::size_t>(rowCount));
-    for (int n = 0; n < cboemphaty_group->count(); ++n)
-        towards.push_back(Nickname(cboemphaty_group->itemData(n)));
-    const auto rates = reputation::ReadRates(reputation::EmpathyFile(folder, g), towards);
-    lv_emphaty->setUpdatesEnabled(false);
-    for (int n = 0; n < static_cast<int>(rates.size()) && n < rowCount; ++n)
-        lv_emphaty->topLevelItem(n)->setText(ColumnRep,
-                                             text::ToQt(rates[static_cast<std::size_t>(n)]));
-    lv_emphaty->setUpdatesEnabled(true);
+        const int rowCount = lv_emphaty->topLevelItemCount();
+        std::vector<std::string> towards;
+        towards.reserve(static_cast<std::size_t>(rowCount));
+        for (int n = 0; n < cboemphaty_group->count(); ++n)
+            towards.push_back(Nickname(cboemphaty_group->itemData(n)));
+        const auto rates = reputation::ReadRates(reputation::EmpathyFile(folder, g), towards);
+        lv_emphaty->setUpdatesEnabled(false);
+        for (int n = 0; n < static_cast<int>(rates.size()) && n < rowCount; ++n)
+            lv_emphaty->topLevelItem(n)->setText(ColumnRep,
+                                                 text::ToQt(rates[static_cast<std::size_t>(n)]));
+        lv_emphaty->setUpdatesEnabled(true);
+    });
 }
 
 void ReputationPage::StoreEvent(std::size_t event) {
@@ -248,11 +248,9 @@ void ReputationPage::StoreEvent(std::size_t event) {
     if (g.empty())
         return;
     const std::string file = reputation::EventFile(ProjectFolder());
-    try {
+    dialogs.Attempt({}, [&] {
         reputation::WriteEvent(file, g, event, text::ToFile(eventCombos[event]->currentText()));
-    } catch (const std::exception& error) {
-        dialogs.ShowError(Dialogs::Describe(error));
-    }
+    });
 }
 
 void ReputationPage::Combo1_Change() {
@@ -302,14 +300,13 @@ void ReputationPage::lv_emphaty_DblClick() {
         towards.push_back(Nickname(item->data(ColumnFaction, NicknameRole)));
         rates.push_back(text::ToFile(item->text(ColumnRep)));
     }
-    try {
+    const bool stored = dialogs.Attempt({}, [&] {
         reputation::StoreEditedRate(ProjectFolder(), g, towards, std::move(rates),
                                     static_cast<std::size_t>(lv_emphaty->indexOfTopLevelItem(row)),
                                     text::ToFile(v), chkForceREP->isChecked());
-    } catch (const std::exception& error) {
-        dialogs.ShowError(Dialogs::Describe(error));
+    });
+    if (!stored)
         return;
-    }
     // The column shows what is on disk.
     row->setText(ColumnRep, v);
 }
@@ -328,29 +325,12 @@ void ReputationPage::btnEmphatySave_Click() {
     for (int r = 0; r < lv_emphaty->topLevelItemCount(); ++r)
         rows.push_back(Nickname(lv_emphaty->topLevelItem(r)->data(ColumnFaction, NicknameRole)));
 
-    // The faction bar counts from 0 to the last index. A bar whose maximum is 0 draws a busy
-    // indicator, so a single faction gets a maximum of 1 and fills it when done.
-    const int lastFaction = static_cast<int>(factions.size()) - 1;
-    pgEmphaty2->setRange(0, std::max(lastFaction, 1));
-    pgEmphaty1->setRange(0, std::max(static_cast<int>(rows.size()), 1));
     // The faction bar shows the index of the last finished faction, the row bar the rows of
     // the faction under way.
-    const auto show = [this, lastFaction](const progress::Step& at) {
-        if (at.outerDone > 0)
-            pgEmphaty2->setValue(lastFaction > 0 ? static_cast<int>(at.outerDone - 1) : 1);
-        if (at.innerDone > 0)
-            pgEmphaty1->setValue(static_cast<int>(at.innerDone));
-    };
-    const std::string folder = ProjectFolder();
-    const bool compiled = dialogs.Attempt(QStringLiteral("Emphaty.ini was not compiled."), [&] {
-        progressrun::Run(
-            [&](const progress::Report& report) {
-                reputation::CompileEmphaty(folder, factions, rows, report);
-            },
-            show);
-    });
-    if (!compiled)
-        return;
-    dialogs.Attempt(QStringLiteral("The protocol could not be written."),
-                    [this] { session.WriteProtocol(protocol::EmphatyCompiled); });
+    compileAction::Run(
+        dialogs, session,
+        {compile::GameFile::Emphaty, ProjectFolder(), std::move(factions), std::move(rows)},
+        QStringLiteral("Emphaty.ini was not compiled."),
+        {{pgEmphaty2, progressrun::Bar::Count::Outer, progressrun::Bar::Shows::LastIndex},
+         {pgEmphaty1, progressrun::Bar::Count::Inner}});
 }

@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QDir>
 #include <QEvent>
 #include <QFile>
 #include <QFileDialog>
@@ -237,19 +238,9 @@ void XmlScriptPage::btnSaveXML_Click() {
         SaveScriptTo(path);
 }
 
-bool XmlScriptPage::SaveScriptTo(const QString& path) {
+bool XmlScriptPage::SaveScriptTo(const QString& path, platform::FileCalls& calls) {
     // A path the user picked on this machine: spelled in the file system's own encoding.
     const std::string file = QFile::encodeName(path).toStdString();
-    try {
-        platform::ReplaceFile(file, text::ToFile(ScriptText()));
-        return true;
-    } catch (const platform::FileError& error) {
-        // Names the file and the system's reason.
-        dialogs_.ShowError(QStringLiteral("The script could not be saved: %1")
-                               .arg(QString::fromLocal8Bit(error.what())));
-    } catch (const std::exception& error) {
-        dialogs_.ShowError(QStringLiteral("The script could not be saved to %1: %2")
-                               .arg(path, QString::fromLocal8Bit(error.what())));
-    }
-    return false;
+    return dialogs_.Attempt([&] { platform::ReplaceFile(file, text::ToFile(ScriptText()), calls); },
+                            dialogs_.CouldNotWrite(QDir::toNativeSeparators(path)));
 }

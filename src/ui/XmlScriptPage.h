@@ -2,6 +2,8 @@
 // The "XML-Script" page: builds the mod manager's install script into rtfXML, with the
 // header from the fields of Frame3 when Check1 is checked. Frame3 slides open and closed
 // in 20-twip steps driven by Timer6 and Timer5.
+#include "core/FileReplacement.h"
+
 #include <QWidget>
 
 class Dialogs;
@@ -22,7 +24,9 @@ public:
     QString ScriptText() const;
     // Writes the shown script to a file (Windows-1252 text); on failure shows the
     // file and the reason and returns false.
-    bool SaveScriptTo(const QString& path);
+    // The calls that put the bytes on disk can be a test's.
+    bool SaveScriptTo(const QString& path,
+                      platform::FileCalls& calls = platform::SystemFileCalls());
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -83,22 +83,24 @@ void frmImport::btnImport_Click() {
         dialogs.ShowError(QStringLiteral("No project is loaded; nothing was imported."));
         return;
     }
-    try {
-        importer::ImportOriginalFaction(session.appDir, chosenNickname,
-                                        session.CaptionProjectPath());
-    } catch (const std::exception& error) {
-        dialogs.ShowError(text::ToQt(chosenNickname) + QStringLiteral(" was not imported:\n") +
-                          Dialogs::Describe(error));
+    const bool imported = dialogs.Attempt(
+        [&] {
+            importer::ImportOriginalFaction(session.appDir, chosenNickname,
+                                            session.CaptionProjectPath());
+        },
+        [this](const std::exception& error) {
+            return text::ToQt(chosenNickname) + QStringLiteral(" was not imported:\n") +
+                   Dialogs::Describe(error);
+        });
+    if (!imported)
         return;
-    }
     ShowFolder(importer::ReputationFolder(session.appDir));
     emit session.RegistryChanged();
-    try {
-        session.WriteProtocol(protocol::OriginalImported);
-    } catch (const std::exception& error) {
-        dialogs.ShowError(QStringLiteral("The protocol could not be written:\n") +
-                          Dialogs::Describe(error));
-    }
+    dialogs.Attempt([this] { session.WriteProtocol(protocol::OriginalImported); },
+                    [](const std::exception& error) {
+                        return QStringLiteral("The protocol could not be written:\n") +
+                               Dialogs::Describe(error);
+                    });
 }
 
 void frmImport::VantelButton1_Click() {

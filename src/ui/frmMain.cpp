@@ -1,5 +1,6 @@
 #include "ui/frmMain.h"
 
+#include "check/ProjectCheck.h"
 #include "core/modFunctions.h"
 #include "ui/Captions.h"
 #include "ui/CheckAction.h"
@@ -96,7 +97,9 @@ frmMain::frmMain(Session& session_, Dialogs& dialogs_, QWidget* parent)
     // The project check, with its findings window.
     VantelButton* btnCheck = registryPanel->AddButton("btnCheck");
     btnCheck->setCaption(QStringLiteral("Prüfen"));
-    new CheckAction(session, dialogs, btnCheck, *this);
+    new CheckAction(session, dialogs, btnCheck,
+                    {*this, [this] { return ShownLanguage(); },
+                     [this](const check::Finding& finding) { ShowFinding(finding); }});
 
     Form_Load();
 }
@@ -124,7 +127,7 @@ QWidget* frmMain::BuildProjectsPage() {
     twips::Place(registryPanel, Frame2Left, FrameTop, Frame2Width, FrameHeight);
     registryPanel->hide();
     slides = new SlideAnimation(session, page, Frame1, registryPanel);
-    connect(Frame1, &ProjectManagerPanel::ProjectLoaded, this, &frmMain::ProjectLoaded);
+    connect(Frame1, &ProjectManagerPanel::ProjectLoaded, this, &frmMain::Frame1_ProjectLoaded);
     connect(Frame1, &ProjectManagerPanel::ProjectDeleted, registryPanel,
             &RegistryPanel::UpdateImportButtons);
     return page;
@@ -148,15 +151,39 @@ bool frmMain::ShowFaction(int page, const std::string& nickname) {
     return view && view->ChooseFaction(nickname);
 }
 
+void frmMain::ShowFinding(const check::Finding& finding) {
+    switch (finding.store) {
+    case check::Store::Registry:
+        ShowFaction(Projects, {});
+        registryPanel->ChooseFaction(finding.faction);
+        break;
+    case check::Store::Reputation:
+        ShowFaction(Emphaty, finding.faction);
+        break;
+    case check::Store::FactionProps:
+        ShowFaction(FactionProp, finding.faction);
+        if (finding.list)
+            ShowPickList(*finding.list);
+        break;
+    case check::Store::InitialWorld:
+        ShowFaction(InitialWorld, finding.faction);
+        break;
+    }
+    raise();
+    activateWindow();
+}
+
 // ---- languages ----
 
 void frmMain::German() {
+    dialogs.SetLanguage(captions::Language::German);
     captions::Apply(*this, captions::Language::German);
     if (factionPropsPage)
         factionPropsPage->NameListsByTabs();
 }
 
 void frmMain::English() {
+    dialogs.SetLanguage(captions::Language::English);
     captions::Apply(*this, captions::Language::English);
     if (factionPropsPage)
         factionPropsPage->NameListsByTabs();
@@ -215,7 +242,7 @@ void frmMain::LoadFactionRegistry() {
     registryPanel->LoadFactionRegistry();
 }
 
-void frmMain::ProjectLoaded() {
+void frmMain::Frame1_ProjectLoaded() {
     registryPanel->LoadFactionRegistry();
     QCoreApplication::processEvents();
     registryPanel->ShowFactionCount();

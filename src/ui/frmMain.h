@@ -11,6 +11,9 @@
 #include <string>
 
 class QTabWidget;
+namespace check {
+struct Finding;
+}
 class Dialogs;
 class FactionPropsPage;
 class ProjectManagerPanel;
@@ -54,6 +57,10 @@ public:
     bool ShowFaction(int page, const std::string& nickname);
     // Shows a pick list's tab on the faction-property page.
     void ShowPickList(factionprops::PickList list);
+    // Takes the user to what a finding of the project check is about: its store's page with
+    // the faction chosen as a user's pick would choose it (the registry list's entry, for the
+    // registry), and for a list file the list's tab.
+    void ShowFinding(const check::Finding& finding);
     // The registry panel, for what more it is to hold (AddButton).
     RegistryPanel& Registry() const { return *registryPanel; }
 
@@ -66,7 +73,7 @@ private slots:
     void VantelButton2_Click();
     void VantelButton3_Click();
     // Load in the project manager: fill the lists, enable the imports, slide to the registry.
-    void ProjectLoaded();
+    void Frame1_ProjectLoaded();
 
 private:
     void BuildTopButtons();

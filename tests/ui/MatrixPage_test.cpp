@@ -1,6 +1,7 @@
 // The matrix page against real project folders: what it shows, and that its edits leave on
 // disk exactly what the one-faction pages' edits leave.
 #include "core/modFunctions.h"
+#include "support/FullDisk.h"
 #include "support/PageFixture.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempFolder.h"
@@ -9,15 +10,18 @@
 #include "ui/MatrixPage.h"
 #include "ui/ReputationPage.h"
 #include "ui/Session.h"
+#include "ui/XmlScriptPage.h"
 
 #include <QAccessible>
 #include <QAccessibleTableInterface>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QTableView>
 #include <QTest>
+#include <QTextEdit>
 #include <QTreeWidget>
 #include <filesystem>
 #include <memory>
@@ -34,6 +38,7 @@ private slots:
     void editsWriteTheBytesOfTheOwningPagesEdit();
     void exportsWriteTheShownMatrix();
     void aFailedEditIsToldNamingTheFileAndLeavesTheCell();
+    void aFailedExportIsToldNamingTheFileAndLeavesItAsItWas();
 
 private:
     // Three factions and both stores partly filled, in a made project.
@@ -238,6 +243,30 @@ void MatrixPageTest::aFailedEditIsToldNamingTheFileAndLeavesTheCell() {
     QCOMPARE(Cell(0, 1), QString("-0.5"));
     QCOMPARE(TempFolder::Read(*folder / "projects/Grid/emphaty/new/reps_A.facts"),
              before.at("emphaty/new/reps_A.facts"));
+}
+
+void MatrixPageTest::aFailedExportIsToldNamingTheFileAndLeavesItAsItWas() {
+    page->Reload();
+    XmlScriptPage script(*dialogs);
+    script.findChild<QTextEdit*>("rtfXML")->setPlainText("<script/>");
+    FullDisk full;
+    const std::pair<const char*, std::function<bool(const QString&)>> exports[] = {
+        {"x.csv", [&](const QString& path) { return page->ExportCsvTo(path, full); }},
+        {"x.png", [&](const QString& path) { return page->ExportPngTo(path, full); }},
+        {"x.xml", [&](const QString& path) { return script.SaveScriptTo(path, full); }},
+    };
+    for (const auto& [name, exportTo] : exports) {
+        dialogs->shown.clear();
+        const std::string file = *folder / name;
+        TempFolder::Write(file, "before");
+        QVERIFY2(!exportTo(QString::fromStdString(file)), name);
+        QCOMPARE(dialogs->shown.size(), std::size_t(1));
+        // The file once, with the system's reason, never the raw error text.
+        QCOMPARE(dialogs->shown[0].text, QDir::toNativeSeparators(QString::fromStdString(file)) +
+                                             " konnte nicht geschrieben werden: " +
+                                             QString::fromLocal8Bit(strerror(ENOSPC)));
+        QCOMPARE(TempFolder::Read(file), std::string("before"));
+    }
 }
 
 QTEST_MAIN(MatrixPageTest)

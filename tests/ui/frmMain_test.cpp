@@ -2,8 +2,10 @@
 // languages and the panel animations. Modal boxes are answered by ScriptedDialogs.
 #include "core/modFunctions.h"
 #include "ui/Captions.h"
+#include "ui/MatrixPage.h"
 #include "ui/Twips.h"
 #include "ui/VantelButton.h"
+#include "ui/support/FullDisk.h"
 #include "ui/support/MainWindowFixture.h"
 
 #include <QAbstractButton>
@@ -455,6 +457,22 @@ private slots:
 
     // Every row of the captions table, each control present exactly once in the window;
     // the import dialog, another window, keeps its own captions.
+    // A message that has both languages follows the window's.
+    void MessagesFollowTheWindowsLanguage() {
+        auto* matrix = window->findChild<MatrixPage*>();
+        FullDisk full;
+        const std::pair<void (frmMain::*)(), const char*> cases[] = {
+            {&frmMain::English, "Could not write "},
+            {&frmMain::German, " konnte nicht geschrieben werden: "},
+        };
+        for (const auto& [language, words] : cases) {
+            (window.get()->*language)();
+            dialogs->shown.clear();
+            QVERIFY(!matrix->ExportCsvTo(QString::fromStdString(*folder / "m.csv"), full));
+            QVERIFY2(dialogs->shown.at(0).text.contains(words), words);
+        }
+    }
+
     void LanguageRoundTripOverTheCaptionsTable() {
         const auto read = [](QWidget* widget, const captions::Row& row) -> QString {
             switch (row.what) {
