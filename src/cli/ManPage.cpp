@@ -124,7 +124,7 @@ void WriteWindowManPage(std::ostream& out) {
         << ApplicationFolderText
         << ".PP\n"
            "In a project's folder the window writes \\fImisc/factions.ini\\fR, the faction "
-           "registry; the faction's files under \\fIemphaty/\\fR, \\fIfaction_prop/\\fR and "
+           "registry; each faction's files under \\fIemphaty/\\fR, \\fIfaction_prop/\\fR and "
            "\\fIinitialworld/\\fR; the compiled game files under \\fIcompiled/\\fR; and "
            "\\fIProtocol/protocol.txt\\fR, a dated line for the project's creation, each import "
            "and each compile. File contents are Windows\\-1252, as the game reads them. The "

@@ -72,12 +72,13 @@ TEST(ManPage, EachPageListsItsTableInItsSections) {
         std::vector<std::string> sections;
         std::istringstream lines(text);
         for (std::string line; std::getline(lines, line);) {
-            if (line.starts_with(".SH "))
+            if (line.starts_with(".SH ")) {
                 sections.push_back(line.substr(4));
-            else if (line.starts_with('.'))
+            } else if (line.starts_with('.')) {
                 EXPECT_TRUE(line.starts_with(".TH ") || line == ".TP" || line == ".PP" ||
                             line == ".br" || line.starts_with(".B ") || line.starts_with(".BR "))
                     << line;
+            }
         }
         EXPECT_EQ(sections, std::vector<std::string>(page.sections.begin(), page.sections.end()));
     }
