@@ -1,5 +1,6 @@
 #pragma once
-// The manual page of orrindel-cli (roff), written from the command table at build time.
+// The manual pages (roff), written at build time: orrindel-cli's from the command table, the
+// window program's from its option table.
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -11,5 +12,6 @@ namespace cli {
 std::string RoffText(std::string_view text);
 
 void WriteManPage(std::ostream& out);
+void WriteWindowManPage(std::ostream& out);
 
 } // namespace cli

@@ -1,5 +1,6 @@
 #include "core/ApplicationFolder.h"
 #include "core/BuildInfo.h"
+#include "core/WindowOptions.h"
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
 #include "ui/Dialogs.h"
@@ -36,6 +37,10 @@ int main(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) {
         if (std::string_view(argv[i]) == "--version") {
             std::cout << "orrindel " << buildInfo::Version << "\n";
+            return 0;
+        }
+        if (std::string_view(argv[i]) == "--help") {
+            windowOptions::WriteHelp(std::cout);
             return 0;
         }
     }

@@ -1,19 +1,24 @@
-// Build tool: writes the manual page of orrindel-cli to the file named by its argument.
+// Build tool: writes a manual page, orrindel-cli's or the window program's, to a file.
 #include "cli/ManPage.h"
 
 #include <fstream>
 #include <iostream>
+#include <string_view>
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::cerr << "usage: orrindel-cli-manpage FILE\n";
+    const std::string_view page = argc == 3 ? argv[1] : "";
+    if (page != "orrindel-cli" && page != "orrindel") {
+        std::cerr << "usage: orrindel-cli-manpage orrindel-cli|orrindel FILE\n";
         return 1;
     }
-    std::ofstream file(argv[1], std::ios::binary);
-    cli::WriteManPage(file);
+    std::ofstream file(argv[2], std::ios::binary);
+    if (page == "orrindel")
+        cli::WriteWindowManPage(file);
+    else
+        cli::WriteManPage(file);
     file.close();
     if (!file) {
-        std::cerr << "orrindel-cli-manpage: cannot write " << argv[1] << "\n";
+        std::cerr << "orrindel-cli-manpage: cannot write " << argv[2] << "\n";
         return 2;
     }
     return 0;
