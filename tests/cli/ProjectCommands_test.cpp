@@ -35,6 +35,17 @@ TEST_F(CliTest, RefusedNamesAndUsageErrorsWriteNothing) {
     EXPECT_EQ(Run({"create", "a:b"}), 2);
     EXPECT_EQ(Run({"create", " lead"}), 2);
     EXPECT_EQ(Run({"create", "\xE2\x9C\x93"}), 2); // no Windows-1252 byte for it
+    // 101 letters "é" fit 200 Windows-1252 bytes, not 200 bytes of a file name: the rule
+    // says so, not the file system.
+    std::string tooLong;
+    for (int i = 0; i < 101; ++i)
+        tooLong += "\xC3\xA9";
+    EXPECT_EQ(Run({"create", tooLong}), 2);
+    EXPECT_NE(err.str().find("longer than 200 bytes"), std::string::npos) << err.str();
+    ASSERT_EQ(Run({"create", "Alpha"}), 0);
+    EXPECT_EQ(Run({"add-faction", "Alpha", tooLong}), 2);
+    EXPECT_NE(err.str().find("longer than 200 bytes"), std::string::npos) << err.str();
+    EXPECT_EQ(Run({"delete", "Alpha"}), 0);
     EXPECT_EQ(Run({"projects"}), 0);
     EXPECT_EQ(out.str(), "");
     EXPECT_EQ(Run({"create"}), 1);
