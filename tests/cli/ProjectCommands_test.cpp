@@ -1,4 +1,5 @@
 #include "cli/CliRunner.h"
+#include "core/NativePath.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -100,7 +101,8 @@ TEST(CliNames, ANonAsciiApplicationFolderAndProjectWorkFromCreateToDelete) {
     const std::string entry = "gr\xC3\xB6\xC3\x9F"
                               "e_grp"; // UTF-8, as on disk
     for (const char* folder : {"emphaty", "faction_prop", "initialworld"})
-        std::filesystem::create_directories(app + "/data/" + folder + "/original_factions");
+        std::filesystem::create_directories(
+            platform::NativePath(app + "/data/" + folder + "/original_factions"));
     TempFolder::Write(app + "/data/emphaty/original_factions/" + entry,
                       "[RepChangeEffects]\r\ngroup = Gr\xF6\xDF"
                       "e\r\n"
@@ -118,7 +120,7 @@ TEST(CliNames, ANonAsciiApplicationFolderAndProjectWorkFromCreateToDelete) {
                                 "ber \xE2\x82\xAC Mod";
     const std::string root = app + "/projects/" + project;
     ASSERT_EQ(run({"create", project}), 0) << err.str();
-    EXPECT_TRUE(std::filesystem::is_directory(root + "/emphaty/new"));
+    EXPECT_TRUE(std::filesystem::is_directory(platform::NativePath(root + "/emphaty/new")));
     ASSERT_EQ(run({"import",
                    "\xC3\xBC"
                    "BER \xE2\x82\xAC MOD",
@@ -145,8 +147,8 @@ TEST(CliNames, ANonAsciiApplicationFolderAndProjectWorkFromCreateToDelete) {
     EXPECT_EQ(run({"projects"}), 0);
     EXPECT_EQ(out.str(), project + "\n");
     EXPECT_EQ(run({"delete", project}), 0);
-    EXPECT_FALSE(std::filesystem::exists(root));
-    EXPECT_TRUE(std::filesystem::is_directory(app + "/data"));
+    EXPECT_FALSE(std::filesystem::exists(platform::NativePath(root)));
+    EXPECT_TRUE(std::filesystem::is_directory(platform::NativePath(app + "/data")));
 }
 
 TEST_F(CliTest, CompileRefusesARegistryNameThatCouldLeaveTheProject) {

@@ -1,5 +1,6 @@
 #include "core/ApplicationFolder.h"
 #include "core/BuildInfo.h"
+#include "core/NativePath.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TempFolder.h"
 
@@ -21,7 +22,7 @@ TEST(ApplicationFolder, BuiltCopyUsesItsOwnFolderAndInstalledCopyTheSeededUserFo
         (fs::path(root / "prefix/bin") / buildInfo::InstalledLibraryFromPrograms)
             .lexically_normal();
     fs::create_directories(installed / "emphaty/original_factions");
-    TempFolder::Write(installed / "emphaty/original_factions/li_n_grp", "x");
+    TempFolder::Write(platform::PathText(installed / "emphaty/original_factions/li_n_grp"), "x");
     const auto choice = [&] {
         const ScopedEnvironment xdg("XDG_DATA_HOME", root / "user");
         return applicationFolder::Choose(root / "prefix/bin");

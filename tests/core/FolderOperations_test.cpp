@@ -12,6 +12,9 @@ namespace fs = std::filesystem;
 // A project that is a link to a folder elsewhere, or holds one, goes without that folder
 // changing: not its files, not its mode.
 TEST(FolderOperations, DeletingATreeNeverFollowsALink) {
+#ifdef _WIN32
+    GTEST_SKIP() << "symbolic links need a privilege on Windows (and Wine makes none)";
+#endif
     TempFolder temp;
     fs::create_directories(temp / "outside");
     TempFolder::Write(temp / "outside/keep.txt", "keep");
@@ -38,6 +41,10 @@ TEST(FolderOperations, DeletingATreeNeverFollowsALink) {
 }
 
 TEST(FolderOperations, ListingDecodesNamesAndLeavesOutThoseThatAreNoWindows1252Text) {
+#ifdef _WIN32
+    GTEST_SKIP() << "Windows names are UTF-16: a name that is not UTF-8 cannot be made, and "
+                    "symbolic links need a privilege";
+#endif
     TempFolder temp;
     fs::create_directories(temp / "Gr\xC3\xB6\xC3\x9F"
                                   "e");

@@ -32,26 +32,39 @@ std::size_t RootLength(const std::string& host) {
 }
 
 // The spelling on disk of the entry name in a folder, matched without regard to case; ""
-// when none matches. The system's own lookup finds it at once on a folder blind to case;
-// a folder that tells case apart (or folds letters otherwise) is read whole.
+// when none matches. A search for the name with its last character as a wildcard is answered
+// from the folder's entries, so with their spelling on disk (a search without a wildcard may
+// answer with the spelling asked for); the system matches it blind to case, and we pick by our
+// own folding. A folder that tells case apart is read whole.
 std::string MatchInFolder(const std::string& folder, std::string_view name) {
-    if (name.find_first_of("*?") == std::string_view::npos) {
-        WIN32_FIND_DATAW entry{};
-        const std::string path = folder.empty() ? std::string(name) : folder + std::string(name);
-        const HANDLE found = ::FindFirstFileExW(WidePath(path).c_str(), FindExInfoBasic, &entry,
-                                                FindExSearchNameMatch, nullptr, 0);
-        if (found != INVALID_HANDLE_VALUE) {
-            ::FindClose(found);
-            return windows::Narrow(entry.cFileName);
-        }
-    }
+    if (name.find_first_of("*?") != std::string_view::npos)
+        return {}; // no Windows name holds them
     const std::string key = FoldedDiskName(name);
-    std::string match;
-    windows::ListEntries(folder, [&](const std::string& entry, const WIN32_FIND_DATAW&) {
-        if (match.empty() && FoldedDiskName(entry) == key)
-            match = entry;
-    });
-    return match;
+    std::string exact;
+    std::string folded;
+    const auto consider = [&](const std::string& entry) {
+        if (entry == name)
+            exact = entry;
+        else if (folded.empty() && FoldedDiskName(entry) == key)
+            folded = entry;
+    };
+    std::string pattern = folder + std::string(name);
+    while (!pattern.empty() && (static_cast<unsigned char>(pattern.back()) & 0xC0) == 0x80)
+        pattern.pop_back(); // the last character whole, not a byte of it
+    pattern.back() = '?';
+    WIN32_FIND_DATAW entry{};
+    const HANDLE found = ::FindFirstFileExW(WidePath(pattern).c_str(), FindExInfoBasic, &entry,
+                                            FindExSearchNameMatch, nullptr, 0);
+    if (found != INVALID_HANDLE_VALUE) {
+        do
+            consider(windows::Narrow(entry.cFileName));
+        while (exact.empty() && ::FindNextFileW(found, &entry));
+        ::FindClose(found);
+    }
+    if (exact.empty() && folded.empty())
+        windows::ListEntries(
+            folder, [&](const std::string& entry, const WIN32_FIND_DATAW&) { consider(entry); });
+    return exact.empty() ? folded : exact;
 }
 
 std::string Joined(const std::string& folder, std::string_view name) {
