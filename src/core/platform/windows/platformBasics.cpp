@@ -38,20 +38,19 @@ std::wstring WidePath(std::string_view hostPath) {
     std::replace(path.begin(), path.end(), L'/', L'\\');
     // Below this the old limit cannot bite, not even with a file name appended.
     constexpr std::size_t Short = 200;
-    if (path.size() < Short || path.starts_with(L"\\\\?\\"))
+    if (path.size() < Short || path.starts_with(L"\\\\?\\") || path.starts_with(L"\\\\.\\"))
         return path;
-    const bool drive = path.size() >= 3 && path[1] == L':' && path[2] == L'\\';
-    const bool share = path.starts_with(L"\\\\") && !path.starts_with(L"\\\\.\\");
-    if (!drive && !share)
-        return path; // a relative path cannot take the prefix
-    // The prefix passes the path on unchanged: "." and ".." pieces must go first.
+    // The prefix passes the path on unchanged, so it must be whole first: absolute, without
+    // "." and ".." pieces.
     const DWORD size = ::GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
     std::wstring full(size, L'\0');
     const DWORD length = ::GetFullPathNameW(path.c_str(), size, full.data(), nullptr);
     if (length == 0 || length >= size)
         return path;
     full.resize(length);
-    return share ? L"\\\\?\\UNC\\" + full.substr(2) : L"\\\\?\\" + full;
+    if (full.starts_with(L"\\\\"))
+        return L"\\\\?\\UNC\\" + full.substr(2); // \\server\share\...
+    return L"\\\\?\\" + full;
 }
 
 std::string Reason(DWORD error) {
