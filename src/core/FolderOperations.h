@@ -1,6 +1,7 @@
 #pragma once
 // Folders: creating one, listing one, deleting files and whole trees. Deleting never follows
-// a symbolic link: a link is removed as a link, and nothing it points at changes.
+// a link (a symbolic link, or on Windows any reparse point such as a junction): a link is
+// removed as a link, and nothing it points at changes.
 #include "core/platformBasics.h"
 
 #include <string>
@@ -13,6 +14,8 @@ namespace platform {
 void CreateFolder(std::string_view path);
 // Deletes a file (a link as the link); false when it could not be deleted (missing, a folder).
 bool DeleteFile(std::string_view path) noexcept;
+// Removes a folder that is empty; false when it is not, or could not be removed.
+bool RemoveEmptyFolder(std::string_view path) noexcept;
 // Deletes a folder with everything in it, read-only files included; errors are skipped.
 // A link, at the top or inside, is removed as a link.
 void DeleteFolderTree(std::string_view path) noexcept;

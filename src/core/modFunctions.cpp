@@ -90,8 +90,7 @@ void DeleteProjectFolder(std::string_view appDir, std::string_view name) {
 
 std::string ProtocolEntry(std::string_view text) {
     const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    ::localtime_r(&now, &local);
+    const std::tm local = platform::LocalTime(now);
     char date[128] = {};
     char time[128] = {};
     std::strftime(date, sizeof date, "%x", &local);
@@ -238,7 +237,7 @@ std::vector<std::string> LoadListFile(const std::string& path) {
 
 bool FileExists(const std::string& path) {
     const std::string resolved = platform::ResolvePath(path);
-    const auto slash = resolved.rfind('/');
+    const auto slash = resolved.find_last_of("/\\"); // either system's separator
     const std::string_view name = slash == std::string::npos
                                       ? std::string_view(resolved)
                                       : std::string_view(resolved).substr(slash + 1);

@@ -38,8 +38,10 @@ std::optional<std::string> Refusal(std::string_view name) {
         return "the name is empty";
     if (name == "." || name == "..")
         return "the name \".\" or \"..\" is not allowed";
-    if (name.size() > MaxNameBytes)
-        return "the name is longer than 200 bytes";
+    // Counted in the form the name has on disk (UTF-8; one letter such as "é" takes two bytes
+    // there), so that the longest file made from it stays within the file system's limit.
+    if (name.size() > MaxNameBytes || win1252::ToUtf8(name).size() > MaxNameBytes)
+        return "the name is longer than 200 bytes as a file name (UTF-8)";
     const char first = name.front();
     const char last = name.back();
     if (isBlank(first) || isBlank(last))

@@ -11,6 +11,8 @@
 
 namespace names {
 
+// The longest name in its disk form (UTF-8): with the longest prefix and suffix a file name
+// gets from it, it stays within the 255 bytes that file systems allow.
 inline constexpr std::size_t MaxNameBytes = 200;
 
 // nullopt when the name (Windows-1252 bytes) is acceptable, else the reason in plain words.

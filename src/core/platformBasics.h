@@ -1,6 +1,7 @@
 #pragma once
 // What the three parts of the file-system layer share: the error type, the host spelling of
 // a path and the descriptor guard.
+#include <ctime>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -18,7 +19,7 @@ private:
     std::string path_;
 };
 
-// A path in "\" form as the host spells it ("/" between pieces).
+// A path in "\" form as the host spells it ("/" between pieces on POSIX, "\" on Windows).
 std::string HostPath(std::string_view path);
 // A disk path or name as Windows-1252 text for a message: a character that cannot be shown
 // becomes "?".
@@ -38,5 +39,8 @@ struct Descriptor {
 
 // The folder of the running executable, as the system spells it.
 std::string ExecutableFolder();
+
+// The local time of a moment (each system has its own thread-safe call).
+std::tm LocalTime(std::time_t moment);
 
 } // namespace platform

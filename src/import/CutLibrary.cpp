@@ -17,9 +17,12 @@ std::string Joined(const std::vector<std::string>& lines) {
     return text;
 }
 
-void EnsureFolder(const std::string& path) {
-    if (!platform::IsDirectory(path))
-        platform::CreateFolder(path);
+// Creates a folder that is missing, noting it in made.
+void EnsureFolder(const std::string& path, std::vector<std::string>& made) {
+    if (platform::IsDirectory(path))
+        return;
+    platform::CreateFolder(path);
+    made.push_back(path);
 }
 
 struct Kind {
@@ -90,17 +93,26 @@ CutResult CutLibrary(const std::string& libraryRoot, const CutSources& sources) 
         }
     }
 
-    for (const Kind& kind : kinds) {
-        if (!kind.source)
-            continue;
-        EnsureFolder(libraryRoot);
-        EnsureFolder(libraryRoot + "\\" + std::string(kind.subsystem));
-        EnsureFolder(libraryRoot + "\\" + std::string(kind.subsystem) + "\\original_factions");
+    // A cut that fails leaves no folder behind that it made.
+    std::vector<std::string> made;
+    try {
+        for (const Kind& kind : kinds) {
+            if (!kind.source)
+                continue;
+            const std::string subsystem = libraryRoot + "\\" + std::string(kind.subsystem);
+            EnsureFolder(libraryRoot, made);
+            EnsureFolder(subsystem, made);
+            EnsureFolder(subsystem + "\\original_factions", made);
+        }
+        platform::StagedReplacement replacement;
+        for (const auto& [path, text] : files)
+            replacement.Stage(path, text);
+        replacement.Commit();
+    } catch (...) {
+        for (auto folder = made.rbegin(); folder != made.rend(); ++folder)
+            platform::RemoveEmptyFolder(*folder);
+        throw;
     }
-    platform::StagedReplacement replacement;
-    for (const auto& [path, text] : files)
-        replacement.Stage(path, text);
-    replacement.Commit();
     return result;
 }
 

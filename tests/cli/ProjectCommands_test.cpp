@@ -1,4 +1,5 @@
 #include "cli/CliRunner.h"
+#include "core/NativePath.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -35,6 +36,17 @@ TEST_F(CliTest, RefusedNamesAndUsageErrorsWriteNothing) {
     EXPECT_EQ(Run({"create", "a:b"}), 2);
     EXPECT_EQ(Run({"create", " lead"}), 2);
     EXPECT_EQ(Run({"create", "\xE2\x9C\x93"}), 2); // no Windows-1252 byte for it
+    // 101 letters "é" fit 200 Windows-1252 bytes, not 200 bytes of a file name: the rule
+    // says so, not the file system.
+    std::string tooLong;
+    for (int i = 0; i < 101; ++i)
+        tooLong += "\xC3\xA9";
+    EXPECT_EQ(Run({"create", tooLong}), 2);
+    EXPECT_NE(err.str().find("longer than 200 bytes"), std::string::npos) << err.str();
+    ASSERT_EQ(Run({"create", "Alpha"}), 0);
+    EXPECT_EQ(Run({"add-faction", "Alpha", tooLong}), 2);
+    EXPECT_NE(err.str().find("longer than 200 bytes"), std::string::npos) << err.str();
+    EXPECT_EQ(Run({"delete", "Alpha"}), 0);
     EXPECT_EQ(Run({"projects"}), 0);
     EXPECT_EQ(out.str(), "");
     EXPECT_EQ(Run({"create"}), 1);
@@ -89,7 +101,8 @@ TEST(CliNames, ANonAsciiApplicationFolderAndProjectWorkFromCreateToDelete) {
     const std::string entry = "gr\xC3\xB6\xC3\x9F"
                               "e_grp"; // UTF-8, as on disk
     for (const char* folder : {"emphaty", "faction_prop", "initialworld"})
-        std::filesystem::create_directories(app + "/data/" + folder + "/original_factions");
+        std::filesystem::create_directories(
+            platform::NativePath(app + "/data/" + folder + "/original_factions"));
     TempFolder::Write(app + "/data/emphaty/original_factions/" + entry,
                       "[RepChangeEffects]\r\ngroup = Gr\xF6\xDF"
                       "e\r\n"
@@ -107,7 +120,7 @@ TEST(CliNames, ANonAsciiApplicationFolderAndProjectWorkFromCreateToDelete) {
                                 "ber \xE2\x82\xAC Mod";
     const std::string root = app + "/projects/" + project;
     ASSERT_EQ(run({"create", project}), 0) << err.str();
-    EXPECT_TRUE(std::filesystem::is_directory(root + "/emphaty/new"));
+    EXPECT_TRUE(std::filesystem::is_directory(platform::NativePath(root + "/emphaty/new")));
     ASSERT_EQ(run({"import",
                    "\xC3\xBC"
                    "BER \xE2\x82\xAC MOD",
@@ -134,8 +147,8 @@ TEST(CliNames, ANonAsciiApplicationFolderAndProjectWorkFromCreateToDelete) {
     EXPECT_EQ(run({"projects"}), 0);
     EXPECT_EQ(out.str(), project + "\n");
     EXPECT_EQ(run({"delete", project}), 0);
-    EXPECT_FALSE(std::filesystem::exists(root));
-    EXPECT_TRUE(std::filesystem::is_directory(app + "/data"));
+    EXPECT_FALSE(std::filesystem::exists(platform::NativePath(root)));
+    EXPECT_TRUE(std::filesystem::is_directory(platform::NativePath(app + "/data")));
 }
 
 TEST_F(CliTest, CompileRefusesARegistryNameThatCouldLeaveTheProject) {

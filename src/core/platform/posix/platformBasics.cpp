@@ -1,4 +1,6 @@
 #include "core/platformBasics.h"
+
+#include "core/NativePath.h"
 #include "core/win1252.h"
 
 #include <algorithm>
@@ -36,6 +38,20 @@ std::string ExecutableFolder() {
     if (ec)
         return std::filesystem::current_path().string();
     return exe.parent_path().string();
+}
+
+std::tm LocalTime(std::time_t moment) {
+    std::tm local{};
+    ::localtime_r(&moment, &local);
+    return local;
+}
+
+std::filesystem::path NativePath(std::string_view hostPath) {
+    return std::filesystem::path(hostPath);
+}
+
+std::string PathText(const std::filesystem::path& path) {
+    return path.string();
 }
 
 } // namespace platform

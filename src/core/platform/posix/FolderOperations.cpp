@@ -81,6 +81,14 @@ bool DeleteFile(std::string_view path) noexcept {
     }
 }
 
+bool RemoveEmptyFolder(std::string_view path) noexcept {
+    try {
+        return ::rmdir(ResolvePath(path).c_str()) == 0;
+    } catch (...) {
+        return false;
+    }
+}
+
 void DeleteFolderTree(std::string_view path) noexcept {
     try {
         std::string host = ResolvePath(path);

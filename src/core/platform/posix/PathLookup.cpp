@@ -1,8 +1,5 @@
 #include "core/PathLookup.h"
 
-#include "core/names.h"
-#include "core/win1252.h"
-
 #include <algorithm>
 #include <dirent.h>
 #include <sys/stat.h>
@@ -10,14 +7,37 @@
 namespace platform {
 namespace {
 
+using Look = int (*)(const char*, struct stat*);
+
+// Whether the entry found at hostPath (as st, by look) is found under the other case of its
+// name's letters too: then the file system is blind to case there, the spelling given need
+// not be the disk's, and only the folder's listing tells. On a file system that tells case
+// apart the extra look fails at once.
+bool FoundCaseBlind(const std::string& hostPath, const struct stat& st, Look look) {
+    const auto slash = hostPath.rfind('/');
+    std::string swapped = hostPath;
+    bool letters = false;
+    for (std::size_t i = slash == std::string::npos ? 0 : slash + 1; i < swapped.size(); ++i) {
+        char& c = swapped[i];
+        if ((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z')) {
+            c = static_cast<char>(c ^ 0x20);
+            letters = true;
+        }
+    }
+    struct stat other {};
+    return letters && look(swapped.c_str(), &other) == 0 && other.st_ino == st.st_ino &&
+           other.st_dev == st.st_dev;
+}
+
+// The entry exists, and under the spelling it has on disk.
+bool ExistsAsSpelled(const std::string& hostPath) {
+    struct stat st {};
+    return ::lstat(hostPath.c_str(), &st) == 0 && !FoundCaseBlind(hostPath, st, ::lstat);
+}
+
 bool Exists(const std::string& hostPath) {
     struct stat st {};
     return ::lstat(hostPath.c_str(), &st) == 0;
-}
-
-bool IsAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(),
-                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
 // The entry of a folder that matches a name without regard to case; "" when none does.
@@ -28,10 +48,12 @@ std::string MatchInFolder(const std::string& folder, std::string_view name) {
     const std::string key = FoldedDiskName(name);
     std::string found;
     while (const dirent* entry = ::readdir(dir)) {
-        if (FoldedDiskName(entry->d_name) == key) {
+        if (entry->d_name == name) {
             found = entry->d_name;
             break;
         }
+        if (found.empty() && FoldedDiskName(entry->d_name) == key)
+            found = entry->d_name;
     }
     ::closedir(dir);
     return found;
@@ -53,27 +75,9 @@ FileStamp StampFrom(const struct stat& st) {
 
 } // namespace
 
-std::string DiskName(std::string_view name) {
-    return IsAscii(name) ? std::string(name) : win1252::ToUtf8(name);
-}
-
-std::optional<std::string> NameFromDisk(std::string_view diskName) {
-    if (IsAscii(diskName))
-        return std::string(diskName);
-    return win1252::FromUtf8(diskName);
-}
-
-std::string FoldedDiskName(std::string_view diskName) {
-    if (const auto name = NameFromDisk(diskName))
-        return names::Folded(*name);
-    // A NUL byte never occurs in a name, so such a key equals no decoded one. (Appended, not
-    // concatenated: GCC's -O3 reports a false overlap on the operator+ form.)
-    return std::string(1, '\0').append(diskName);
-}
-
 std::string ResolvePath(std::string_view path) {
     std::string host = HostPath(path);
-    if (host.empty() || Exists(host))
+    if (host.empty() || ExistsAsSpelled(host))
         return host;
     std::string resolved;
     std::size_t pos = 0;
@@ -94,7 +98,7 @@ std::string ResolvePath(std::string_view path) {
         if (!resolved.empty() && resolved.back() != '/')
             resolved += '/';
         std::string spelled(piece);
-        if (parentExists && piece != "." && piece != ".." && !Exists(resolved + spelled)) {
+        if (parentExists && piece != "." && piece != ".." && !ExistsAsSpelled(resolved + spelled)) {
             std::string match = MatchInFolder(folder, piece);
             if (match.empty())
                 parentExists = false;
@@ -142,7 +146,7 @@ std::string PathResolver::Folder(const std::string& hostFolder) {
     if (const auto it = folders_.find(hostFolder); it != folders_.end())
         return it->second;
     // Folders are few: one look at each, spelled as given when that exists.
-    std::string onDisk = Exists(hostFolder) ? hostFolder : ResolvePath(hostFolder);
+    std::string onDisk = ResolvePath(hostFolder);
     folders_.emplace(hostFolder, onDisk);
     return onDisk;
 }
@@ -176,7 +180,7 @@ ResolvedFile LookUpFile(std::string_view path) {
     // One stat when the path is spelled as on disk, the common case.
     ResolvedFile out{HostPath(path), std::nullopt};
     struct stat st {};
-    if (::stat(out.path.c_str(), &st) != 0) {
+    if (::stat(out.path.c_str(), &st) != 0 || FoundCaseBlind(out.path, st, ::stat)) {
         out.path = ResolvePath(path);
         if (::stat(out.path.c_str(), &st) != 0)
             return out;
