@@ -88,7 +88,7 @@ Temporary WriteTemporary(FileCalls& calls, int dir, const std::string& target,
     for (int attempt = 0; file.fd < 0; ++attempt) {
         temporary.name = prefix + std::to_string(counter++);
         file.fd =
-            ::openat(dir, temporary.name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+            calls.Open(dir, temporary.name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         if (file.fd < 0 && (errno != EEXIST || attempt > 100))
             throw FileError(target,
                             errno == ENOENT ? "the folder does not exist" : SystemReason(errno));
@@ -129,6 +129,10 @@ std::string BackupOf(const std::string& temporary) {
 
 } // namespace
 
+int FileCalls::Open(int dir, const char* name, int flags, mode_t mode) {
+    return ::openat(dir, name, flags, mode);
+}
+
 ssize_t FileCalls::Write(int fd, const char* data, std::size_t size) {
     return ::write(fd, data, size);
 }
@@ -141,9 +145,35 @@ int FileCalls::Sync(int fd) {
     return ::syncfs(fd);
 }
 
+int FileCalls::Truncate(int fd, off_t length) {
+    return ::ftruncate(fd, length);
+}
+
+int FileCalls::MakeFolder(const char* path, mode_t mode) {
+    return ::mkdir(path, mode);
+}
+
 FileCalls& SystemFileCalls() {
     static FileCalls calls; // holds no state
     return calls;
+}
+
+namespace {
+// The calls a test has put in place; null for the system's own. Atomic: the compiles of a
+// project write from several threads while a test's calls are in place.
+std::atomic<FileCalls*> installedCalls{nullptr};
+} // namespace
+
+FileCalls& CurrentFileCalls() {
+    FileCalls* installed = installedCalls.load();
+    return installed ? *installed : SystemFileCalls();
+}
+
+FileCallsInstalled::FileCallsInstalled(FileCalls& calls)
+    : previous_(installedCalls.exchange(&calls)) {}
+
+FileCallsInstalled::~FileCallsInstalled() {
+    installedCalls.store(previous_);
 }
 
 std::optional<std::string> ReadBytes(std::string_view path) {
@@ -198,10 +228,12 @@ void ReplaceFile(std::string_view path, std::string_view bytes) {
 
 void AppendBytes(std::string_view path, std::string_view bytes) {
     const std::string host = ResolvePath(path);
-    Descriptor file{::open(host.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666)};
+    FileCalls& calls = CurrentFileCalls();
+    Descriptor file{
+        calls.Open(AT_FDCWD, host.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666)};
     if (file.fd < 0)
         throw FileError(host, SystemReason(errno));
-    WriteAll(SystemFileCalls(), file.fd, bytes, host);
+    WriteAll(calls, file.fd, bytes, host);
 }
 
 void RemoveLeftoverTemporaries(const std::string& hostFolder) {

@@ -93,7 +93,7 @@ public:
     // Writes every changed file crash-safely; on failure no file changes. Throws IniWriteError
     // for an INI file and platform::FileError for a text file. The calls are the system's
     // own, or a test's that fail on purpose.
-    void Commit(platform::FileCalls& calls = platform::SystemFileCalls());
+    void Commit(platform::FileCalls& calls = platform::CurrentFileCalls());
     // The same together with files staged already (written ahead by the caller): this
     // transaction's files are staged beside them, and all are put in place at once.
     void Commit(platform::StagedReplacement& replacement);
