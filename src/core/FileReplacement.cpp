@@ -229,11 +229,25 @@ void ReplaceFile(std::string_view path, std::string_view bytes) {
 void AppendBytes(std::string_view path, std::string_view bytes) {
     const std::string host = ResolvePath(path);
     FileCalls& calls = CurrentFileCalls();
-    Descriptor file{
-        calls.Open(AT_FDCWD, host.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666)};
+    Descriptor file{calls.Open(AT_FDCWD, host.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC, 0)};
+    if (file.fd < 0 && errno == ENOENT) {
+        // A new file is written whole, like any replacement: never a part of it on disk.
+        ReplaceFile(host, bytes);
+        return;
+    }
     if (file.fd < 0)
         throw FileError(host, SystemReason(errno));
-    WriteAll(calls, file.fd, bytes, host);
+    struct stat before {};
+    if (::fstat(file.fd, &before) != 0)
+        throw FileError(host, SystemReason(errno));
+    try {
+        WriteAll(calls, file.fd, bytes, host);
+    } catch (const FileError&) {
+        // All or nothing: the part written before the failure goes again. Should even that
+        // fail, the error already names the file.
+        calls.Truncate(file.fd, before.st_size);
+        throw;
+    }
 }
 
 void RemoveLeftoverTemporaries(const std::string& hostFolder) {

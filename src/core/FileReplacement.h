@@ -53,7 +53,8 @@ std::optional<std::string> ReadBytes(std::string_view path);
 // Crash-safe replacement: a temporary file in the same folder renamed over the target.
 // A read-only target is refused. Throws FileError.
 void ReplaceFile(std::string_view path, std::string_view bytes);
-// Appends in one write call, creating the file when missing. Throws FileError.
+// Appends all or nothing: a failed append leaves the file at its previous length. A missing
+// file is written anew. Throws FileError.
 void AppendBytes(std::string_view path, std::string_view bytes);
 
 // Removes the temporary files of our naming in a folder (a host path) whose program has

@@ -9,9 +9,11 @@
 
 class TempFolder {
 public:
-    TempFolder() {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "orrindel-test-XXXXXX").string();
+    // Under base: the system's temporary folder, or a memory file system for a test that makes
+    // thousands of files.
+    explicit TempFolder(
+        const std::filesystem::path& base = std::filesystem::temp_directory_path()) {
+        std::string pattern = (base / "orrindel-test-XXXXXX").string();
         path_ = ::mkdtemp(pattern.data());
     }
     TempFolder(const TempFolder&) = delete;
