@@ -3,6 +3,7 @@
 #include "core/RunTogether.h"
 #include "core/modFunctions.h"
 #include "core/names.h"
+#include "core/win1252.h"
 #include "factionprops/FactionPropCompiler.h"
 #include "initialworld/InitialWorldCompiler.h"
 #include "reputation/EmphatyCompiler.h"
@@ -75,14 +76,30 @@ int RunCompile(const Arguments& args, Context& context) {
     std::vector<std::function<void()>> jobs;
     for (const Compiler* compiler : chosen)
         jobs.emplace_back([compiler, &folder, &factions] { compiler->compile(folder, factions); });
-    const auto failures = together::Run(jobs);
-    for (std::size_t i = 0; i < chosen.size(); ++i)
-        if (!failures[i])
+    auto failures = together::Run(jobs);
+    std::exception_ptr protocolFailure; // after it, no further line: none out of order
+    for (std::size_t i = 0; i < chosen.size() && !protocolFailure; ++i) {
+        if (failures[i])
+            continue;
+        try {
             modFunctions::WriteProtocol(context.appDir, *project, chosen[i]->protocolLine);
-    for (const std::exception_ptr& failure : failures)
-        if (failure)
+        } catch (...) {
+            protocolFailure = std::current_exception();
+        }
+    }
+    failures.push_back(protocolFailure);
+    // Every failure is named, not only the first.
+    int code = Ok;
+    for (const std::exception_ptr& failure : failures) {
+        if (!failure)
+            continue;
+        try {
             std::rethrow_exception(failure);
-    return Ok;
+        } catch (const std::exception& error) {
+            code = Failure(context, win1252::ToUtf8(error.what()));
+        }
+    }
+    return code;
 }
 
 } // namespace cli

@@ -127,6 +127,37 @@ std::string BackupOf(const std::string& temporary) {
     return temporary + "-old";
 }
 
+// Throws what failed, when anything did: one failure as it is, several (of work done side by
+// side) as one error that names each, the first in order leading.
+void ThrowFailures(const std::vector<std::exception_ptr>& failures) {
+    std::exception_ptr first;
+    std::string others;
+    for (const std::exception_ptr& failure : failures) {
+        if (!failure)
+            continue;
+        if (!first) {
+            first = failure;
+            continue;
+        }
+        try {
+            std::rethrow_exception(failure);
+        } catch (const std::exception& error) {
+            others.append("; ").append(error.what());
+        }
+    }
+    if (!first)
+        return;
+    if (others.empty())
+        std::rethrow_exception(first);
+    try {
+        std::rethrow_exception(first);
+    } catch (const FileError& error) {
+        const std::string_view reason =
+            std::string_view(error.what()).substr(ForMessage(error.path()).size() + 2);
+        throw FileError(error.path(), std::string(reason) + others);
+    }
+}
+
 } // namespace
 
 int FileCalls::Open(int dir, const char* name, int flags, mode_t mode) {
@@ -309,15 +340,18 @@ void StagedReplacement::StageAll(const std::vector<Staging>& files) {
         folders.push_back(&FolderFor(file.hostPath));
     std::vector<std::optional<Staged>> written(files.size());
     std::vector<std::exception_ptr> failures(files.size());
-    // Each thread learns the mode of a new file for itself: one look more at most.
+    std::atomic<bool> failed{false};
+    // Each thread learns the mode of a new file for itself: one look more at most. After a
+    // failure neither starts another file: the batch is lost anyway.
     const auto writeEvery = [&](std::size_t first, std::size_t step, std::optional<mode_t>& mode) {
-        for (std::size_t i = first; i < files.size(); i += step) {
+        for (std::size_t i = first; i < files.size() && !failed; i += step) {
             try {
                 const Staging& file = files[i];
                 StageIn(*folders[i], file.hostPath, file.pieces ? file.pieces : Whole(file.bytes),
                         file.presence, mode, written[i]);
             } catch (...) {
                 failures[i] = std::current_exception();
+                failed = true;
             }
         }
     };
@@ -335,9 +369,7 @@ void StagedReplacement::StageAll(const std::vector<Staging>& files) {
     for (std::optional<Staged>& staged : written)
         if (staged)
             staged_.push_back(std::move(*staged));
-    for (const std::exception_ptr& failure : failures)
-        if (failure)
-            std::rethrow_exception(failure);
+    ThrowFailures(failures);
 }
 
 void StagedReplacement::StageIn(const Folder& folder, const std::string& hostPath,
@@ -482,9 +514,7 @@ void StagedReplacement::Commit() {
     if (failed) {
         for (auto item = staged_.rbegin(); item != staged_.rend(); ++item)
             Restore(*item);
-        for (const std::exception_ptr& failure : failures)
-            if (failure)
-                std::rethrow_exception(failure);
+        ThrowFailures(failures);
     }
     for (const Staged& item : staged_) {
         if (item.placed == Placed::Exchanged)

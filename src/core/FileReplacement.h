@@ -89,10 +89,11 @@ public:
     };
     // StageResolved for each file. A large batch is written by two threads: creating many
     // small files is most of its time, and a second core cuts that by a third. When one fails,
-    // the others are still written (and removed again with the rest), and the failure of the
-    // first in the given order is thrown.
+    // no further file is started, those written are removed again, and every failure is
+    // thrown as one error, the first in the given order leading.
     void StageAll(const std::vector<Staging>& files);
-    void Commit(); // throws FileError; a large batch is renamed from two threads
+    // Throws FileError, naming every file that failed; a large batch is renamed from two threads.
+    void Commit();
     // Rids the folder of a file of leftover temporaries (once per folder), as staging a file
     // there does; for a batch that looked at a file and found nothing to change.
     void Tidy(const std::string& hostPath);
