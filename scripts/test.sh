@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Builds everything and runs every test: the core and window tests (the window ones offscreen),
-# then the core tests again under AddressSanitizer and UndefinedBehaviorSanitizer, then the
-# Release build a packager makes, its Debian package, and that package installed in a scratch root.
+# then the core tests again under AddressSanitizer and UndefinedBehaviorSanitizer and under
+# ThreadSanitizer, then the Release build a packager makes, its Debian package, and that
+# package installed in a scratch root.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/install-deps.sh
@@ -15,6 +16,12 @@ cmake -S . -B build-sanitize -G Ninja -DCMAKE_BUILD_TYPE=Debug -DORRINDEL_WERROR
     -DORRINDEL_CORE_ONLY=ON -DORRINDEL_SANITIZE=ON -DORRINDEL_BENCH=OFF
 cmake --build build-sanitize --target core_tests orrindel-cli
 ctest --test-dir build-sanitize --output-on-failure
+
+# Only the core tests: they run every thread the program starts.
+cmake -S . -B build-tsan -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DORRINDEL_WERROR=ON \
+    -DORRINDEL_CORE_ONLY=ON -DORRINDEL_TSAN=ON -DORRINDEL_BENCH=OFF
+cmake --build build-tsan --target core_tests
+TSAN_OPTIONS=halt_on_error=1 ctest --test-dir build-tsan --output-on-failure
 
 cmake -S . -B build-release -G Ninja -DCMAKE_BUILD_TYPE=Release -DORRINDEL_WERROR=ON \
     -DORRINDEL_TESTS=OFF -DORRINDEL_BENCH=OFF

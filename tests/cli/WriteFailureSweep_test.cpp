@@ -189,8 +189,8 @@ void CopyFolder(const std::string& from, const std::string& to) {
 }
 
 TEST(WriteFailureSweep, EveryFailingFileCallLeavesEachProjectFileBeforeOrAfter) {
-    // In memory where the system has a memory file system: the sweep makes and removes some
-    // hundred thousand files, which a disk busy with other work turns into minutes.
+    // In memory where the system has a memory file system: the sweep makes and removes tens of
+    // thousands of files, which a disk busy with other work turns into minutes.
     const fs::path memory = "/dev/shm";
     TempFolder temp(fs::is_directory(memory) ? memory : fs::temp_directory_path());
     const std::string app = temp / "app", work = temp / "work";
