@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # Builds everything and runs every test: the core and window tests (the window ones offscreen),
-# then the core tests again under AddressSanitizer and UndefinedBehaviorSanitizer, then the
-# Release build a packager makes, its Debian package, and that package checked by the
-# distribution's tools and installed in a scratch root. First: every source file carries the
-# licence line.
+# then the core tests again under AddressSanitizer and UndefinedBehaviorSanitizer and under
+# ThreadSanitizer, then the Release build a packager makes, its Debian package, and that
+# package checked by the distribution's tools and installed in a scratch root. First: every
+# source file carries the licence line.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/add-spdx.sh --check
@@ -19,6 +19,12 @@ cmake -S . -B build-sanitize -G Ninja -DCMAKE_BUILD_TYPE=Debug -DORRINDEL_WERROR
     -DORRINDEL_CORE_ONLY=ON -DORRINDEL_SANITIZE=ON -DORRINDEL_TESTS=ON -DORRINDEL_BENCH=OFF
 cmake --build build-sanitize --target core_tests orrindel-cli
 ctest --test-dir build-sanitize --output-on-failure
+
+# Only the core tests: they run every thread the program starts.
+cmake -S . -B build-tsan -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DORRINDEL_WERROR=ON \
+    -DORRINDEL_CORE_ONLY=ON -DORRINDEL_TSAN=ON -DORRINDEL_BENCH=OFF
+cmake --build build-tsan --target core_tests
+TSAN_OPTIONS=halt_on_error=1 ctest --test-dir build-tsan --output-on-failure
 
 # With the hardening a distribution's build adds (its optimisation level left to Release).
 export DEB_BUILD_MAINT_OPTIONS=hardening=+all DEB_CXXFLAGS_MAINT_STRIP="-g -O2"

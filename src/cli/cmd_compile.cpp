@@ -2,6 +2,7 @@
 #include "compile/Compile.h"
 #include "core/modFunctions.h"
 #include "core/names.h"
+#include "core/win1252.h"
 
 namespace cli {
 namespace {
@@ -50,10 +51,19 @@ int RunCompile(const Arguments& args, Context& context) {
     std::vector<compile::Job> jobs;
     for (const Compiler* compiler : chosen)
         jobs.push_back({compiler->file, folder, factions, factions});
-    compile::RunTogether(jobs, [&](std::string_view line) {
+    const auto failures = compile::RunTogether(jobs, [&](std::string_view line) {
         modFunctions::WriteProtocol(context.appDir, *project, line);
     });
-    return Ok;
+    // Every failure is named, not only the first.
+    int code = Ok;
+    for (const std::exception_ptr& failure : failures) {
+        try {
+            std::rethrow_exception(failure);
+        } catch (const std::exception& error) {
+            code = Failure(context, win1252::ToUtf8(error.what()));
+        }
+    }
+    return code;
 }
 
 extern constinit const Command CompileCommand{

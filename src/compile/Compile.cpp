@@ -62,18 +62,26 @@ void Run(const Job& job, const Protocol& protocol, const progress::Report& repor
     WriteLine(job, protocol);
 }
 
-void RunTogether(const std::vector<Job>& jobs, const Protocol& protocol) {
+std::vector<std::exception_ptr> RunTogether(const std::vector<Job>& jobs, const Protocol& protocol) {
     std::vector<std::function<void()>> builds;
     builds.reserve(jobs.size());
     for (const Job& job : jobs)
         builds.emplace_back([&job] { Build(job, {}); });
-    const auto failures = together::Run(builds);
-    for (std::size_t i = 0; i < jobs.size(); ++i)
-        if (!failures[i])
+    auto failures = together::Run(builds);
+    std::exception_ptr protocolFailure;
+    for (std::size_t i = 0; i < jobs.size() && !protocolFailure; ++i) {
+        if (failures[i])
+            continue;
+        try {
             WriteLine(jobs[i], protocol);
-    for (const std::exception_ptr& failure : failures)
-        if (failure)
-            std::rethrow_exception(failure);
+        } catch (...) {
+            protocolFailure = std::current_exception();
+        }
+    }
+    if (protocolFailure)
+        failures.push_back(protocolFailure);
+    std::erase(failures, nullptr);
+    return failures;
 }
 
 } // namespace compile

@@ -43,7 +43,8 @@ std::string_view ProtocolLine(GameFile file);
 void Run(const Job& job, const Protocol& protocol, const progress::Report& report = {});
 
 // Compiles the game files side by side, one thread each. Each one compiled gets its protocol
-// line, in the order given, before the first failure of a compile is rethrown.
-void RunTogether(const std::vector<Job>& jobs, const Protocol& protocol);
+// line, in the order given; after a protocol line fails, no further line is written (none out
+// of order). Returns every failure, the compiles' in the order given, then the protocol's.
+std::vector<std::exception_ptr> RunTogether(const std::vector<Job>& jobs, const Protocol& protocol);
 
 } // namespace compile

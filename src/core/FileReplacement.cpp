@@ -88,7 +88,7 @@ Temporary WriteTemporary(FileCalls& calls, int dir, const std::string& target,
     for (int attempt = 0; file.fd < 0; ++attempt) {
         temporary.name = prefix + std::to_string(counter++);
         file.fd =
-            ::openat(dir, temporary.name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+            calls.Open(dir, temporary.name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         if (file.fd < 0 && (errno != EEXIST || attempt > 100))
             throw FileError(target,
                             errno == ENOENT ? "the folder does not exist" : SystemReason(errno));
@@ -127,7 +127,42 @@ std::string BackupOf(const std::string& temporary) {
     return temporary + "-old";
 }
 
+// Throws what failed, when anything did: one failure as it is, several (of work done side by
+// side) as one error that names each, the first in order leading.
+void ThrowFailures(const std::vector<std::exception_ptr>& failures) {
+    std::exception_ptr first;
+    std::string others;
+    for (const std::exception_ptr& failure : failures) {
+        if (!failure)
+            continue;
+        if (!first) {
+            first = failure;
+            continue;
+        }
+        try {
+            std::rethrow_exception(failure);
+        } catch (const std::exception& error) {
+            others.append("; ").append(error.what());
+        }
+    }
+    if (!first)
+        return;
+    if (others.empty())
+        std::rethrow_exception(first);
+    try {
+        std::rethrow_exception(first);
+    } catch (const FileError& error) {
+        const std::string_view reason =
+            std::string_view(error.what()).substr(ForMessage(error.path()).size() + 2);
+        throw FileError(error.path(), std::string(reason) + others);
+    }
+}
+
 } // namespace
+
+int FileCalls::Open(int dir, const char* name, int flags, mode_t mode) {
+    return ::openat(dir, name, flags, mode);
+}
 
 ssize_t FileCalls::Write(int fd, const char* data, std::size_t size) {
     return ::write(fd, data, size);
@@ -141,9 +176,35 @@ int FileCalls::Sync(int fd) {
     return ::syncfs(fd);
 }
 
+int FileCalls::Truncate(int fd, off_t length) {
+    return ::ftruncate(fd, length);
+}
+
+int FileCalls::MakeFolder(const char* path, mode_t mode) {
+    return ::mkdir(path, mode);
+}
+
 FileCalls& SystemFileCalls() {
     static FileCalls calls; // holds no state
     return calls;
+}
+
+namespace {
+// The calls a test has put in place; null for the system's own. Atomic: the compiles of a
+// project write from several threads while a test's calls are in place.
+std::atomic<FileCalls*> installedCalls{nullptr};
+} // namespace
+
+FileCalls& CurrentFileCalls() {
+    FileCalls* installed = installedCalls.load();
+    return installed ? *installed : SystemFileCalls();
+}
+
+FileCallsInstalled::FileCallsInstalled(FileCalls& calls)
+    : previous_(installedCalls.exchange(&calls)) {}
+
+FileCallsInstalled::~FileCallsInstalled() {
+    installedCalls.store(previous_);
 }
 
 std::optional<std::string> ReadBytes(std::string_view path) {
@@ -198,10 +259,26 @@ void ReplaceFile(std::string_view path, std::string_view bytes, FileCalls& calls
 
 void AppendBytes(std::string_view path, std::string_view bytes) {
     const std::string host = ResolvePath(path);
-    Descriptor file{::open(host.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666)};
+    FileCalls& calls = CurrentFileCalls();
+    Descriptor file{calls.Open(AT_FDCWD, host.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC, 0)};
+    if (file.fd < 0 && errno == ENOENT) {
+        // A new file is written whole, like any replacement: never a part of it on disk.
+        ReplaceFile(host, bytes);
+        return;
+    }
     if (file.fd < 0)
         throw FileError(host, SystemReason(errno));
-    WriteAll(SystemFileCalls(), file.fd, bytes, host);
+    struct stat before {};
+    if (::fstat(file.fd, &before) != 0)
+        throw FileError(host, SystemReason(errno));
+    try {
+        WriteAll(calls, file.fd, bytes, host);
+    } catch (const FileError&) {
+        // All or nothing: the part written before the failure goes again. Should even that
+        // fail, the error already names the file.
+        calls.Truncate(file.fd, before.st_size);
+        throw;
+    }
 }
 
 void RemoveLeftoverTemporaries(const std::string& hostFolder) {
@@ -263,15 +340,18 @@ void StagedReplacement::StageAll(const std::vector<Staging>& files) {
         folders.push_back(&FolderFor(file.hostPath));
     std::vector<std::optional<Staged>> written(files.size());
     std::vector<std::exception_ptr> failures(files.size());
-    // Each thread learns the mode of a new file for itself: one look more at most.
+    std::atomic<bool> failed{false};
+    // Each thread learns the mode of a new file for itself: one look more at most. After a
+    // failure neither starts another file: the batch is lost anyway.
     const auto writeEvery = [&](std::size_t first, std::size_t step, std::optional<mode_t>& mode) {
-        for (std::size_t i = first; i < files.size(); i += step) {
+        for (std::size_t i = first; i < files.size() && !failed; i += step) {
             try {
                 const Staging& file = files[i];
                 StageIn(*folders[i], file.hostPath, file.pieces ? file.pieces : Whole(file.bytes),
                         file.presence, mode, written[i]);
             } catch (...) {
                 failures[i] = std::current_exception();
+                failed = true;
             }
         }
     };
@@ -289,9 +369,7 @@ void StagedReplacement::StageAll(const std::vector<Staging>& files) {
     for (std::optional<Staged>& staged : written)
         if (staged)
             staged_.push_back(std::move(*staged));
-    for (const std::exception_ptr& failure : failures)
-        if (failure)
-            std::rethrow_exception(failure);
+    ThrowFailures(failures);
 }
 
 void StagedReplacement::StageIn(const Folder& folder, const std::string& hostPath,
@@ -436,9 +514,7 @@ void StagedReplacement::Commit() {
     if (failed) {
         for (auto item = staged_.rbegin(); item != staged_.rend(); ++item)
             Restore(*item);
-        for (const std::exception_ptr& failure : failures)
-            if (failure)
-                std::rethrow_exception(failure);
+        ThrowFailures(failures);
     }
     for (const Staged& item : staged_) {
         if (item.placed == Placed::Exchanged)

@@ -15,29 +15,47 @@
 
 namespace platform {
 
-// The calls that put bytes on disk. Everything that replaces files goes through one of
-// these, so that a test can make the Nth write, rename or sync fail and look at the outcome.
-// A large batch writes and renames its files from two threads at once: the calls must
-// allow that.
+// The calls that put bytes on disk. Everything that writes a project file goes through one of
+// these, so that a test can make the Nth call fail and look at the outcome. A large batch
+// writes and renames its files from two threads at once: the calls must allow that. Removing
+// a temporary file again is no write of the project's and stays outside.
 class FileCalls {
 public:
     virtual ~FileCalls() = default;
-    virtual ssize_t Write(int fd, const char* data, std::size_t size); // ::write
+    virtual int Open(int dir, const char* name, int flags, mode_t mode); // ::openat
+    virtual ssize_t Write(int fd, const char* data, std::size_t size);   // ::write
     // ::renameat2 within the folder open as dir, with its flags (0, RENAME_NOREPLACE or
     // RENAME_EXCHANGE).
     virtual int Rename(int dir, const char* from, const char* to, unsigned flags);
-    virtual int Sync(int fd); // ::syncfs
+    virtual int Sync(int fd);                              // ::syncfs
+    virtual int Truncate(int fd, off_t length);            // ::ftruncate
+    virtual int MakeFolder(const char* path, mode_t mode); // ::mkdir
 };
 // The system's own calls.
 FileCalls& SystemFileCalls();
+// The calls every write uses: the system's own, unless a test has put others in their place.
+FileCalls& CurrentFileCalls();
+// Puts other calls in place of the current ones for its lifetime, for the test that made it;
+// the calls must outlive it.
+class FileCallsInstalled {
+public:
+    explicit FileCallsInstalled(FileCalls& calls);
+    FileCallsInstalled(const FileCallsInstalled&) = delete;
+    FileCallsInstalled& operator=(const FileCallsInstalled&) = delete;
+    ~FileCallsInstalled();
+
+private:
+    FileCalls* previous_;
+};
 
 // Whole-file access in bytes. ReadBytes: nullopt when the file is missing.
 std::optional<std::string> ReadBytes(std::string_view path);
 // Crash-safe replacement: a temporary file in the same folder renamed over the target.
 // A read-only target is refused. Throws FileError.
 void ReplaceFile(std::string_view path, std::string_view bytes,
-                 FileCalls& calls = SystemFileCalls());
-// Appends in one write call, creating the file when missing. Throws FileError.
+                 FileCalls& calls = CurrentFileCalls());
+// Appends all or nothing: a failed append leaves the file at its previous length. A missing
+// file is written anew. Throws FileError.
 void AppendBytes(std::string_view path, std::string_view bytes);
 
 // Removes the temporary files of our naming in a folder (a host path) whose program has
@@ -53,7 +71,7 @@ enum class Presence { Unknown, Missing, Present };
 // of a crash no target changes. Destruction without Commit removes the temporary files.
 class StagedReplacement {
 public:
-    explicit StagedReplacement(FileCalls& calls = SystemFileCalls()) : calls_(calls) {}
+    explicit StagedReplacement(FileCalls& calls = CurrentFileCalls()) : calls_(calls) {}
     StagedReplacement(const StagedReplacement&) = delete;
     StagedReplacement& operator=(const StagedReplacement&) = delete;
     ~StagedReplacement();
@@ -72,10 +90,11 @@ public:
     };
     // StageResolved for each file. A large batch is written by two threads: creating many
     // small files is most of its time, and a second core cuts that by a third. When one fails,
-    // the others are still written (and removed again with the rest), and the failure of the
-    // first in the given order is thrown.
+    // no further file is started, those written are removed again, and every failure is
+    // thrown as one error, the first in the given order leading.
     void StageAll(const std::vector<Staging>& files);
-    void Commit(); // throws FileError; a large batch is renamed from two threads
+    // Throws FileError, naming every file that failed; a large batch is renamed from two threads.
+    void Commit();
     // Rids the folder of a file of leftover temporaries (once per folder), as staging a file
     // there does; for a batch that looked at a file and found nothing to change.
     void Tidy(const std::string& hostPath);

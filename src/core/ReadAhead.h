@@ -9,7 +9,9 @@
 #include <functional>
 #include <mutex>
 #include <optional>
+#include <stdexcept>
 #include <stop_token>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -25,17 +27,24 @@ public:
     // Stops the second thread after its current item and waits for it.
     ~ReadAhead() = default;
 
-    // Item i, once made; what make(i) threw is thrown here.
+    // Item i, once made; what make(i) threw is thrown here. Items are taken in order, each
+    // once: anything else is a mistake of the caller's (std::logic_error). Throws
+    // std::runtime_error when the second thread was stopped before it made item i.
     T Take(std::size_t i) {
         {
             std::unique_lock lock(mutex_);
+            if (i != taken_ || i >= items_.size())
+                throw std::logic_error("ReadAhead: item " + std::to_string(i) + " taken, item " +
+                                       std::to_string(taken_) + " expected");
             if (made_ <= i) {
                 // Caught up: wait for a batch rather than for each item, so that the threads
                 // hand over a few dozen times instead of once per item.
                 wanted_ = std::min(items_.size(), i + Batch);
                 callerWaits_ = true;
-                changed_.wait(lock, [&] { return made_ >= wanted_; });
+                changed_.wait(lock, worker_.get_stop_token(), [&] { return made_ >= wanted_; });
                 callerWaits_ = false;
+                if (made_ <= i)
+                    throw std::runtime_error("ReadAhead: stopped before the item was made");
             }
             taken_ = i + 1; // whether the item is handed over or its failure thrown
             if (makerWaits_ && taken_ >= room_)
@@ -47,6 +56,10 @@ public:
         items_[i].reset();
         return item;
     }
+
+    // Stops the second thread after its current item; a Take waiting for an item not made
+    // yet returns with an error.
+    void Stop() { worker_.request_stop(); }
 
 private:
     // Items made but not taken stay below this many: the memory they hold is bounded, and

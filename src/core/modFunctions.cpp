@@ -100,12 +100,9 @@ std::string ProtocolEntry(std::string_view text) {
 
 void WriteProtocol(std::string_view appDir, std::string_view project, std::string_view text) {
     const std::string path = ProjectLayout::Of(appDir, project).ProtocolFile();
-    const std::string entry = ProtocolEntry(text);
-    try {
-        txtReadWrite::AppendFileText(path, entry);
-    } catch (const platform::FileError&) {
-        txtReadWrite::WriteFileText(path, entry);
-    }
+    // Appending writes the protocol anew only when it is missing; a failed append leaves it
+    // as it was, its history whole.
+    txtReadWrite::AppendFileText(path, ProtocolEntry(text));
 }
 
 std::string RegistryPath(std::string_view appDir, std::string_view project) {

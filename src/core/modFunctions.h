@@ -41,8 +41,8 @@ void DeleteProjectFolder(std::string_view appDir, std::string_view name);
 
 // "<date>    <time>: <text>" + CR LF, date and time from the C library's locale.
 std::string ProtocolEntry(std::string_view text);
-// Appends an entry to <app dir>\projects\<project>\protocol\protocol.txt; when appending
-// fails, writes the file anew with the entry; an error of that reaches the caller.
+// Appends an entry to <app dir>\projects\<project>\protocol\protocol.txt, written anew when
+// missing. All or nothing: a failure leaves the file as it was and reaches the caller.
 void WriteProtocol(std::string_view appDir, std::string_view project, std::string_view text);
 
 // ---- faction registry (misc\factions.ini) ----

@@ -16,15 +16,17 @@ namespace {
 constexpr std::string_view DefaultIniName = "Kelvaro.ini";
 constexpr std::string_view LineEnd = "\r\n";
 
-std::string& ApplicationDirectoryStorage() {
-    static std::string appDir = platform::ExecutableFolder();
-    return appDir;
-}
+// The application directory and the default settings file's path worked out from it, set at
+// start-up and read by any thread.
+struct DefaultPlace {
+    std::mutex mutex;
+    std::string appDir = platform::ExecutableFolder();
+    std::string iniPath; // empty until first asked for
+};
 
-// The cached path of the default settings file, worked out on first use.
-std::string& DefaultIniPathCache() {
-    static std::string path;
-    return path;
+DefaultPlace& Place() {
+    static DefaultPlace place;
+    return place;
 }
 
 // Parsed INI documents by resolved path, trusted while the file's stamp is unchanged.
@@ -32,11 +34,11 @@ std::string& DefaultIniPathCache() {
 // so that one large parse does not hold up the others.
 class IniCache {
 public:
-    std::shared_ptr<IniDocument> Load(const std::string& resolved) {
+    std::shared_ptr<const IniDocument> Load(const std::string& resolved) {
         return Load(platform::LookUpFile(resolved));
     }
 
-    std::shared_ptr<IniDocument> Load(const platform::ResolvedFile& file) {
+    std::shared_ptr<const IniDocument> Load(const platform::ResolvedFile& file) {
         const std::string& resolved = file.path;
         const auto& stamp = file.stamp;
         if (!stamp) {
@@ -57,7 +59,7 @@ public:
         return document;
     }
 
-    void Remember(const std::string& resolved, std::shared_ptr<IniDocument> document) {
+    void Remember(const std::string& resolved, std::shared_ptr<const IniDocument> document) {
         const auto stamp = platform::StampOf(resolved);
         const std::lock_guard lock(mutex_);
         if (stamp)
@@ -74,7 +76,7 @@ public:
 private:
     struct Entry {
         platform::FileStamp stamp;
-        std::shared_ptr<IniDocument> document;
+        std::shared_ptr<const IniDocument> document;
     };
     static constexpr std::size_t MaxEntries = 256;
     std::mutex mutex_;
@@ -86,39 +88,45 @@ IniCache& Cache() {
     return cache;
 }
 
-// The file given, or the default settings file for an empty name. A reference, not a copy:
-// batches call this for each of hundreds of thousands of values.
-const std::string& IniFile(const std::string& file) {
+// The file given, or the default settings file (put in storage) for an empty name. The given
+// one by reference, not copied: batches call this for each of hundreds of thousands of values.
+const std::string& IniFile(const std::string& file, std::string& storage) {
     if (!file.empty())
         return file;
-    GetDefaultIniPath(); // fills the cache
-    return DefaultIniPathCache();
+    storage = GetDefaultIniPath();
+    return storage;
 }
 
 } // namespace
 
 void SetApplicationDirectory(std::string_view appDir) {
-    ApplicationDirectoryStorage() = std::string(appDir);
-    DefaultIniPathCache().clear();
+    DefaultPlace& place = Place();
+    const std::lock_guard lock(place.mutex);
+    place.appDir = std::string(appDir);
+    place.iniPath.clear();
 }
 
-const std::string& ApplicationDirectory() {
-    return ApplicationDirectoryStorage();
+std::string ApplicationDirectory() {
+    DefaultPlace& place = Place();
+    const std::lock_guard lock(place.mutex);
+    return place.appDir;
 }
 
 std::string GetDefaultIniPath() {
-    std::string& cached = DefaultIniPathCache();
-    if (cached.empty()) {
-        const std::string& appDir = ApplicationDirectory();
-        cached = (!appDir.empty() && appDir.back() == '\\')
-                     ? appDir + std::string(DefaultIniName)
-                     : appDir + "\\" + std::string(DefaultIniName);
+    DefaultPlace& place = Place();
+    const std::lock_guard lock(place.mutex);
+    if (place.iniPath.empty()) {
+        const std::string& appDir = place.appDir;
+        place.iniPath = (!appDir.empty() && appDir.back() == '\\')
+                            ? appDir + std::string(DefaultIniName)
+                            : appDir + "\\" + std::string(DefaultIniName);
     }
-    return cached;
+    return place.iniPath;
 }
 
 std::shared_ptr<const IniDocument> LoadIni(const std::string& file) {
-    return Cache().Load(platform::LookUpFile(IniFile(file)));
+    std::string storage;
+    return Cache().Load(platform::LookUpFile(IniFile(file, storage)));
 }
 
 std::shared_ptr<const IniDocument> ReadIniDocument(const std::string& file) {
@@ -131,7 +139,8 @@ std::shared_ptr<const IniDocument> ReadIniDocument(const std::string& file) {
 }
 
 IniDocument ParseIniFile(const std::string& file) {
-    return IniDocument(platform::ReadBytes(IniFile(file)).value_or(""));
+    std::string storage;
+    return IniDocument(platform::ReadBytes(IniFile(file, storage)).value_or(""));
 }
 
 std::string ReadIni(std::string_view section, std::string_view key, std::string_view defaultValue,
@@ -141,14 +150,13 @@ std::string ReadIni(std::string_view section, std::string_view key, std::string_
 
 void WriteIni(std::string_view section, std::string_view key, std::string_view value,
               const std::string& file) {
-    const std::string path = IniFile(file);
+    std::string storage;
+    const std::string path = IniFile(file, storage);
     std::string resolved;
     try {
         resolved = platform::ResolvePath(path);
-        auto document = Cache().Load(resolved);
-        // Edit the cached copy in place when nobody else holds it; otherwise edit a copy.
-        if (document.use_count() > 2)
-            document = std::make_shared<IniDocument>(*document);
+        // A copy is edited, never the cached document: another thread may be reading it.
+        auto document = std::make_shared<IniDocument>(*Cache().Load(resolved));
         if (!document->Write(section, key, value))
             return;
         try {
@@ -235,7 +243,8 @@ Transaction::Pending& Transaction::Slot(const std::string& file) {
 
 std::string Transaction::ReadIni(std::string_view section, std::string_view key,
                                  std::string_view defaultValue, const std::string& file) {
-    const std::string path = IniFile(file);
+    std::string storage;
+    const std::string path = IniFile(file, storage);
     Pending& slot = Slot(path);
     if (slot.isIni)
         return slot.ini->Read(section, key, defaultValue);
@@ -257,7 +266,8 @@ Transaction::Pending& Transaction::IniSlot(const std::string& path) {
 
 void Transaction::WriteIni(std::string_view section, std::string_view key, std::string_view value,
                            const std::string& file) {
-    Pending& slot = IniSlot(IniFile(file));
+    std::string storage;
+    Pending& slot = IniSlot(IniFile(file, storage));
     if (slot.ini->Write(section, key, value))
         slot.changed = true;
 }
@@ -265,7 +275,8 @@ void Transaction::WriteIni(std::string_view section, std::string_view key, std::
 void Transaction::WriteEach(std::string_view section,
                             const std::vector<IniDocument::KeyValue>& values,
                             const std::string& file) {
-    Pending& slot = IniSlot(IniFile(file));
+    std::string storage;
+    Pending& slot = IniSlot(IniFile(file, storage));
     if (slot.ini->WriteEach(section, values))
         slot.changed = true;
 }

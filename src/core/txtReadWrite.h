@@ -24,9 +24,9 @@ private:
 
 namespace txtReadWrite {
 
-// The application directory that GetDefaultIniPath uses; set once at start-up.
+// The application directory that GetDefaultIniPath uses; set at start-up, read by any thread.
 void SetApplicationDirectory(std::string_view appDir);
-const std::string& ApplicationDirectory();
+std::string ApplicationDirectory();
 std::string GetDefaultIniPath();
 
 std::string ReadIni(std::string_view section, std::string_view key, std::string_view defaultValue,
@@ -36,8 +36,8 @@ void WriteIni(std::string_view section, std::string_view key, std::string_view v
 
 // The parsed document of a file (empty when missing), shared from a small cache that is
 // revalidated by size, modification time and identity. Compilers read many keys per parse.
-// Several threads may read at once (the compiles do); a file being written is not read by
-// another thread meanwhile.
+// Several threads may read at once (the compiles do): a cached document is never edited, a
+// write edits a copy and puts that in its place.
 std::shared_ptr<const IniDocument> LoadIni(const std::string& file);
 // The same for reading only: an unreadable file reads like a missing one, as ReadIni does.
 std::shared_ptr<const IniDocument> ReadIniDocument(const std::string& file);
@@ -93,7 +93,7 @@ public:
     // Writes every changed file crash-safely; on failure no file changes. Throws IniWriteError
     // for an INI file and platform::FileError for a text file. The calls are the system's
     // own, or a test's that fail on purpose.
-    void Commit(platform::FileCalls& calls = platform::SystemFileCalls());
+    void Commit(platform::FileCalls& calls = platform::CurrentFileCalls());
     // The same together with files staged already (written ahead by the caller): this
     // transaction's files are staged beside them, and all are put in place at once.
     void Commit(platform::StagedReplacement& replacement);

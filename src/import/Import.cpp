@@ -157,55 +157,28 @@ ImportAllResult ImportAllOriginalFactions(std::string_view appDir, const std::st
         folded.push_back(names::Folded(name));
     std::sort(folded.begin(), folded.end());
 
-    // Three threads share the work, each on its own entry: one reads and checks the
-    // entries, the next writes each entry's own files (its empathy and list files) ahead
-    // into temporary files, and this one adds the values to the transaction. The commit
-    // puts the files written ahead in place with the rest, all or nothing. Names that differ
-    // only in capitals would write the same files, the later entry's winning, an order only
-    // the transaction keeps: such a library is imported without writing ahead.
-    const bool writeAhead = std::adjacent_find(folded.begin(), folded.end()) == folded.end();
+    // One thread reads and checks the entries ahead while this one adds them to the
+    // transaction; the commit writes the files (a large batch from two threads), all or
+    // nothing. Names that differ only in capitals write the same files, the later entry's
+    // winning, as the transaction keeps its order.
     using Entry = std::variant<OriginalFaction, LibraryError>;
-    struct ReadEntry {
-        Entry entry;
-        std::vector<std::pair<std::string, std::string>> files; // path, text; when written ahead
-    };
-    platform::StagedReplacement replacement;
-    platform::PathResolver aheadPaths; // used by the writing thread only
     ImportAllResult result;
     txtReadWrite::Transaction transaction; // each file parsed once and written once
     {
-        ReadAhead<ReadEntry> read(entries.size(), [&](std::size_t i) -> ReadEntry {
+        ReadAhead<Entry> read(entries.size(), [&](std::size_t i) -> Entry {
             const std::string& name = entries[i];
             try {
-                OriginalFaction faction =
-                    ReadFrom(appDir, name, spelled(propNames, name), spelled(worldNames, name));
-                auto files = writeAhead ? FactionFiles(faction, projectFolder)
-                                        : std::vector<std::pair<std::string, std::string>>{};
-                return {std::move(faction), std::move(files)};
+                return ReadFrom(appDir, name, spelled(propNames, name), spelled(worldNames, name));
             } catch (const LibraryError& error) {
-                return {error, {}};
+                return error;
             }
         });
-        ReadAhead<Entry> written(entries.size(), [&](std::size_t i) -> Entry {
-            ReadEntry readEntry = read.Take(i);
-            for (auto& [path, text] : readEntry.files) {
-                const auto found = aheadPaths.Find(path);
-                replacement.StageResolved(found.path, txtReadWrite::FileBytes(std::move(text)),
-                                          found.listed ? platform::Presence::Present
-                                                       : platform::Presence::Missing);
-            }
-            return std::move(readEntry.entry);
-        });
-
         progress::Step at{0, entries.size(), 0, 0};
         progress::Tell(report, at);
         for (std::size_t i = 0; i < entries.size(); ++i) {
-            Entry entry = written.Take(i);
+            Entry entry = read.Take(i);
             if (const auto* faction = std::get_if<OriginalFaction>(&entry)) {
-                if (writeAhead)
-                    WriteFactionValues(transaction, *faction, projectFolder);
-                else
-                    WriteOriginalFaction(transaction, *faction, projectFolder);
+                WriteOriginalFaction(transaction, *faction, projectFolder);
                 result.imported.push_back(faction->nickname);
             } else {
                 result.refused.push_back(std::get<LibraryError>(std::move(entry)));
@@ -213,7 +186,7 @@ ImportAllResult ImportAllOriginalFactions(std::string_view appDir, const std::st
             at.outerDone = i + 1;
             progress::Tell(report, at);
         }
-    } // the other threads have ended
+    } // the reading thread has ended
 
     // A name that only the other folders hold is an entry without its reputation file.
     for (const auto* others : {&propNames, &worldNames})
@@ -229,7 +202,7 @@ ImportAllResult ImportAllOriginalFactions(std::string_view appDir, const std::st
                                     "the library name is refused: " +
                                         std::string(modFunctions::NameNotFromDisk));
 
-    transaction.Commit(replacement);
+    transaction.Commit();
     return result;
 }
 

@@ -1,7 +1,9 @@
 #include "cli/CliRunner.h"
+#include "core/FileReplacement.h"
 #include "core/NativePath.h"
 #include "support/TempFolder.h"
 
+#include <cerrno>
 #include <gtest/gtest.h>
 #include <sstream>
 
@@ -157,6 +159,27 @@ TEST_F(CliTest, CompileRefusesARegistryNameThatCouldLeaveTheProject) {
     EXPECT_EQ(Run({"compile", "Alpha"}), 2);
     EXPECT_NE(err.str().find("../../escape"), std::string::npos);
     EXPECT_FALSE(std::filesystem::exists(app / "projects/Alpha/compiled/emphaty.ini"));
+}
+
+// A disk that refuses every new file: each game file compiled side by side fails, and each
+// failure is reported, not only the first; the protocol gets no line.
+TEST_F(CliTest, EveryGameFileThatFailsToCompileIsNamed) {
+    struct NoNewFiles : platform::FileCalls {
+        int Open(int, const char*, int, mode_t) override {
+            errno = ENOSPC;
+            return -1;
+        }
+    } noNewFiles;
+    ASSERT_EQ(Run({"create", "Alpha"}), 0);
+    ASSERT_EQ(Run({"add-faction", "Alpha", "a_grp"}), 0);
+    const std::string protocol = TempFolder::Read(app / "projects/Alpha/protocol/protocol.txt");
+    {
+        const platform::FileCallsInstalled installed(noNewFiles);
+        EXPECT_EQ(Run({"compile", "Alpha"}), 2);
+    }
+    for (const char* file : {"emphaty.ini", "faction_prop.ini", "initialworld.ini"})
+        EXPECT_NE(err.str().find(std::string("compiled/") + file), std::string::npos) << err.str();
+    EXPECT_EQ(TempFolder::Read(app / "projects/Alpha/protocol/protocol.txt"), protocol);
 }
 
 } // namespace

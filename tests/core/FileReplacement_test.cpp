@@ -113,6 +113,33 @@ TEST(FileReplacement, ALargeCommitFailingPartWayLeavesEveryFileAsItWas) {
     }
 }
 
+// Once a file of a large batch fails, neither thread starts another temporary file: at most
+// the one the other thread is writing follows.
+TEST(FileReplacement, ALargeBatchStartsNoFileAfterAFailure) {
+    struct FirstWriteFails : platform::FileCalls {
+        int Open(int dir, const char* name, int flags, mode_t mode) override {
+            opensAfterFailure += failed ? 1 : 0;
+            return FileCalls::Open(dir, name, flags, mode);
+        }
+        ssize_t Write(int fd, const char* data, std::size_t size) override {
+            if (!failed.exchange(true)) {
+                errno = EIO;
+                return -1;
+            }
+            return FileCalls::Write(fd, data, size);
+        }
+        std::atomic<bool> failed{false};
+        std::atomic<int> opensAfterFailure{0};
+    } calls;
+    TempFolder temp;
+    txtReadWrite::Transaction transaction;
+    for (int i = 0; i < 100; ++i)
+        transaction.WriteFileText(temp.path() + "\\f" + std::to_string(i), "new");
+    EXPECT_THROW(transaction.Commit(calls), platform::FileError);
+    EXPECT_LE(calls.opensAfterFailure, 1);
+    EXPECT_TRUE(Snapshot(temp.path()).empty());
+}
+
 // Temporary files of ended programs go with the next write in their folder; a running
 // program's stay.
 TEST(FileReplacement, TheNextWriteRemovesTemporariesOfEndedPrograms) {

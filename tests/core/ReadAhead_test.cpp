@@ -1,9 +1,11 @@
 #include "core/ReadAhead.h"
 
 #include <atomic>
+#include <chrono>
 #include <gtest/gtest.h>
 #include <stdexcept>
 #include <string>
+#include <thread>
 
 namespace {
 
@@ -42,6 +44,32 @@ TEST(ReadAhead, HandsOverEveryItemInOrderAndStopsWhenDropped) {
             EXPECT_EQ(items.Take(i), static_cast<int>(i));
     }
     EXPECT_LT(made, 1000u);
+}
+
+// Taking an item out of order, twice or past the end is the caller's mistake; a Take waiting
+// for an item that a stopped maker will never make ends instead of waiting for ever.
+TEST(ReadAhead, RefusesTakingOutOfOrderAndEndsAWaitOnStop) {
+    {
+        ReadAhead<int> items(3, [](std::size_t i) { return static_cast<int>(i); });
+        EXPECT_THROW(items.Take(1), std::logic_error);
+        EXPECT_EQ(items.Take(0), 0);
+        EXPECT_THROW(items.Take(0), std::logic_error);
+        EXPECT_EQ(items.Take(1), 1);
+        EXPECT_EQ(items.Take(2), 2);
+        EXPECT_THROW(items.Take(3), std::logic_error);
+    }
+    std::atomic<bool> release{false};
+    ReadAhead<int> items(10, [&](std::size_t i) {
+        while (!release)
+            std::this_thread::yield();
+        return static_cast<int>(i);
+    });
+    std::jthread stopper([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        items.Stop();
+    });
+    EXPECT_THROW(items.Take(0), std::runtime_error);
+    release = true;
 }
 
 } // namespace

@@ -13,8 +13,10 @@
 
 class TempFolder {
 public:
-    TempFolder() {
-        const auto base = std::filesystem::temp_directory_path();
+    // Under base: the system's temporary folder, or a memory file system for a test that makes
+    // thousands of files.
+    explicit TempFolder(
+        const std::filesystem::path& base = std::filesystem::temp_directory_path()) {
         std::random_device seed;
         std::mt19937_64 draw(seed());
         // A name nobody else has: create_directory says whether this one was new.
