@@ -3,6 +3,7 @@
 #include "core/RunTogether.h"
 #include "core/modFunctions.h"
 #include "core/names.h"
+#include "core/win1252.h"
 #include "factionprops/FactionPropCompiler.h"
 #include "initialworld/InitialWorldCompiler.h"
 #include "reputation/EmphatyCompiler.h"
@@ -76,10 +77,18 @@ int RunCompile(const Arguments& args, Context& context) {
     for (std::size_t i = 0; i < chosen.size(); ++i)
         if (!failures[i])
             modFunctions::WriteProtocol(context.appDir, *project, chosen[i]->protocolLine);
-    for (const std::exception_ptr& failure : failures)
-        if (failure)
+    // Every game file that failed is told, not just the first.
+    int result = Ok;
+    for (const std::exception_ptr& failure : failures) {
+        if (!failure)
+            continue;
+        try {
             std::rethrow_exception(failure);
-    return Ok;
+        } catch (const std::exception& error) {
+            result = Failure(context, win1252::ToUtf8(error.what()));
+        }
+    }
+    return result;
 }
 
 extern constinit const Command CompileCommand{
