@@ -60,18 +60,6 @@ private slots:
                  QString("De<u>l</u>ete &lt;all&gt; &amp; more"));
     }
 
-    void ResizingStretchesThePicturesAndDropsTheCaptionBelowTheCentre() {
-        VantelButton button;
-        button.resize(134, 27); // 2010 x 405 twips
-        button.show();
-        for (const char* name : {"imgUp", "imgOver", "imgDown"})
-            QCOMPARE(button.findChild<QWidget*>(name)->geometry(), QRect(0, 0, 134, 27));
-        const QLabel* caption = button.findChild<QLabel*>("lblCaption");
-        QCOMPARE(caption->geometry(), QRect(0, caption->y(), 134, caption->height()));
-        // 20 twips (1.33 px) below the centre: (405 - h * 15) / 2 + 20 twips
-        QCOMPARE(caption->y(), qRound(((405.0 - caption->height() * 15) / 2 + 20) / 15));
-    }
-
     void LeftPressShowsDownAndReleaseRaisesButtonUpThenClick() {
         VantelButton button;
         EventLog log(button);
