@@ -7,6 +7,7 @@
 
 #include <QCheckBox>
 #include <QRadioButton>
+#include <QSignalSpy>
 #include <QTableView>
 #include <QTest>
 
@@ -53,8 +54,20 @@ private slots:
             Get<QRadioButton>(c.store)->click();
             Get<QCheckBox>("chkMatrixForceRep")->setChecked(c.mirror);
             dialogs->Answer(QString::fromLatin1(c.value));
+            QSignalSpy repainted(Model(), &QAbstractItemModel::dataChanged);
             emit Get<QTableView>("grdMatrix")->doubleClicked(Model()->index(1, 0));
 
+            // The view repaints both cells: neither keeps showing its old value.
+            const auto covers = [&](int row, int column) {
+                for (const QList<QVariant>& change : repainted) {
+                    const auto from = change[0].toModelIndex(), to = change[1].toModelIndex();
+                    if (from.row() <= row && row <= to.row() && from.column() <= column &&
+                        column <= to.column())
+                        return true;
+                }
+                return false;
+            };
+            QVERIFY(covers(1, 0) && covers(0, 1));
             const QStringList shown = Cells();
             QCOMPARE(shown[2], QString::fromLatin1(c.value));
             QCOMPARE(shown[1], QString::fromLatin1(c.reverse));
