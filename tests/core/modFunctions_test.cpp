@@ -80,18 +80,27 @@ TEST_F(ProjectTest, SaveAddsAtTheEndAndRegroupsInPlace) {
     EXPECT_THROW(SaveFaction(app.path(), "Alpha", "bad]name", "x"), names::NameRefused);
 }
 
-TEST_F(ProjectTest, DeletingTheOnlyFactionLeavesThreeLineEnds) {
+// A faction's seven files, spelled by hand rather than by the layout that deletion uses.
+std::vector<std::string> SevenFiles(const std::string& nick) {
+    std::vector<std::string> files = {"emphaty/new/reps_" + nick + ".facts",
+                                      "emphaty/new/" + nick + ".tmp"};
+    for (const char* list : {"Shiplist_", "Voicelist_", "Bodylist_", "Scanlist_", "Formationlist_"})
+        files.push_back("faction_prop/" + std::string(list) + nick + ".lst");
+    return files;
+}
+
+TEST_F(ProjectTest, DeletingAFactionRemovesAllSevenOfItsFilesAndNoOtherFactions) {
     CreateProjectFolders(app.path(), "Alpha");
     SaveFaction(app.path(), "Alpha", "li_n_grp", "Navy");
-    TempFolder::Write(app / "projects/Alpha/emphaty/new/reps_li_n_grp.facts", "x");
-    TempFolder::Write(app / "projects/Alpha/faction_prop/Shiplist_li_n_grp.lst", "x");
-    TempFolder::Write(app / "projects/Alpha/faction_prop/Shiplist_other.lst", "x");
+    for (const char* nick : {"li_n_grp", "li_n_grp2"})
+        for (const std::string& file : SevenFiles(nick))
+            TempFolder::Write(app / ("projects/Alpha/" + file), "x");
     DeleteFaction(app.path(), "Alpha", "li_n_grp", "Navy");
     EXPECT_EQ(RegistryBytes(), "\r\n\r\n\r\n");
-    EXPECT_FALSE(std::filesystem::exists(app / "projects/Alpha/emphaty/new/reps_li_n_grp.facts"));
-    EXPECT_FALSE(
-        std::filesystem::exists(app / "projects/Alpha/faction_prop/Shiplist_li_n_grp.lst"));
-    EXPECT_TRUE(std::filesystem::exists(app / "projects/Alpha/faction_prop/Shiplist_other.lst"));
+    for (const std::string& file : SevenFiles("li_n_grp"))
+        EXPECT_FALSE(std::filesystem::exists(app / ("projects/Alpha/" + file))) << file;
+    for (const std::string& file : SevenFiles("li_n_grp2"))
+        EXPECT_TRUE(std::filesystem::exists(app / ("projects/Alpha/" + file))) << file;
 }
 
 TEST(RegistryWithoutFaction, EmptiesOnlyTheFactionsOwnTwoLines) {
@@ -119,7 +128,8 @@ TEST_F(ProjectTest, AFailedRegistryRewriteKeepsTheFactionsFiles) {
     SaveFaction(app.path(), "Alpha", "li_n_grp", "Navy");
     const std::string reps = app / "projects/Alpha/emphaty/new/reps_li_n_grp.facts";
     TempFolder::Write(reps, "x");
-    std::filesystem::permissions(app / "projects/Alpha/misc/factions.ini", std::filesystem::perms::owner_read);
+    std::filesystem::permissions(app / "projects/Alpha/misc/factions.ini",
+                                 std::filesystem::perms::owner_read);
     EXPECT_THROW(DeleteFaction(app.path(), "Alpha", "li_n_grp", "Navy"), platform::FileError);
     EXPECT_TRUE(std::filesystem::exists(reps));
     EXPECT_EQ(RegistryBytes(), "[li_n_grp]\r\ngrp=Navy\r\n");

@@ -1,16 +1,15 @@
 #include "core/modFunctions.h"
 #include "core/platform.h"
 #include "factionprops/ListFiles.h"
-#include "support/TempFolder.h"
+#include "support/TestProject.h"
 
 #include <gtest/gtest.h>
 
 using namespace factionprops;
 
 TEST(ListFiles, WholeFileWritesEndWithAnExtraLineEnd) {
-    TempFolder app;
-    modFunctions::EnsureProjectsFolder(app.path());
-    modFunctions::CreateProjectFolders(app.path(), "p");
+    TestProject project{"p"};
+    const TempFolder& app = project.app;
     const std::string path = ListFilePath(app.path(), "p", PickList::Ships, "x");
     WriteListFile(path, {"a", "a", " b "});
     EXPECT_EQ(TempFolder::Read(app / "projects/p/faction_prop/Shiplist_x.lst"),
@@ -23,9 +22,8 @@ TEST(ListFiles, WholeFileWritesEndWithAnExtraLineEnd) {
 }
 
 TEST(ListFiles, OtherCapitalsNameTheSameFile) {
-    TempFolder app;
-    modFunctions::EnsureProjectsFolder(app.path());
-    modFunctions::CreateProjectFolders(app.path(), "p");
+    TestProject project{"p"};
+    const TempFolder& app = project.app;
     // As an import or the registry's deletion spells it.
     TempFolder::Write(app / "projects/p/faction_prop/voicelist_x.lst", "v1\r\n\r\n");
     const std::string path = ListFilePath(app.path(), "p", PickList::Voices, "x");

@@ -1,7 +1,6 @@
-#include "core/modFunctions.h"
 #include "core/platform.h"
 #include "initialworld/InitialWorldCompiler.h"
-#include "support/TempFolder.h"
+#include "support/TestProject.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -21,20 +20,12 @@ const std::string Head =
 
 class InitialWorldCompilerTest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        modFunctions::EnsureProjectsFolder(app.path());
-        modFunctions::CreateProjectFolders(app.path(), "Mod");
-        folder = modFunctions::ProjectPath(app.path(), "Mod");
-    }
-    std::string Output() const {
-        return TempFolder::Read(app / "projects/Mod/compiled/initialworld.ini");
-    }
-    void Data(std::string_view bytes) const {
-        TempFolder::Write(app / "projects/Mod/initialworld/grp.ini", bytes);
-    }
+    std::string Output() const { return project.Read("compiled/initialworld.ini"); }
+    void Data(std::string_view bytes) const { project.Write("initialworld/grp.ini", bytes); }
 
-    TempFolder app;
-    std::string folder;
+    TestProject project{"Mod"};
+    TempFolder& app = project.app;
+    const std::string folder = project.Folder();
 };
 
 TEST_F(InitialWorldCompilerTest, ProjectWithoutFactionsGivesHeadAndFinalEmptyLineOnly) {

@@ -1,6 +1,5 @@
-#include "core/modFunctions.h"
 #include "matrix/ReputationMatrix.h"
-#include "support/TempFolder.h"
+#include "support/TestProject.h"
 
 #include <gtest/gtest.h>
 
@@ -12,9 +11,6 @@ using matrix::Store;
 class ReputationMatrixTest : public ::testing::Test {
 protected:
     ReputationMatrixTest() {
-        modFunctions::EnsureProjectsFolder(app.path());
-        modFunctions::CreateProjectFolders(app.path(), "Mod");
-        folder = modFunctions::ProjectPath(app.path(), "Mod");
         // A: its own row, a section in another letter case, an out-of-range and a word.
         Write("emphaty/new/reps_A.facts", "[A]\r\nrep=1.5\r\n[b]\r\nrep=-0.5\r\n[K\xE4"
                                           "fer]\r\nrep=friendly\r\n");
@@ -25,12 +21,8 @@ protected:
                                       "[K\xE4"
                                       "fer]\r\nA=1,0\r\n");
     }
-    void Write(const std::string& piece, std::string_view bytes) {
-        TempFolder::Write(app / ("projects/Mod/" + piece), bytes);
-    }
-    std::string Read(const std::string& piece) {
-        return TempFolder::Read(app / ("projects/Mod/" + piece));
-    }
+    void Write(const std::string& piece, std::string_view bytes) { project.Write(piece, bytes); }
+    std::string Read(const std::string& piece) { return project.Read(piece); }
     // Each cell as "value" or "-" when not stored, row by row.
     static std::vector<std::string> Cells(const matrix::Matrix& m) {
         std::vector<std::string> cells;
@@ -40,8 +32,8 @@ protected:
         return cells;
     }
 
-    TempFolder app;
-    std::string folder;
+    TestProject project{"Mod"};
+    const std::string folder = project.Folder();
     const std::vector<std::string> factions = {"A", "B",
                                                "K\xE4"
                                                "fer"};

@@ -16,6 +16,7 @@
 #include <QRadioButton>
 #include <QTabWidget>
 #include <QTest>
+#include <map>
 
 class FactionPropsPageTest : public QObject, protected PageFixture<FactionPropsPage> {
     Q_OBJECT
@@ -47,6 +48,15 @@ private:
         QTest::mouseDClick(list->viewport(), Qt::LeftButton, {},
                            list->visualItemRect(list->item(row)).center());
     }
+    // Every list file of the project's faction_prop folder with its bytes.
+    std::map<std::string, std::string> ListFiles() const {
+        std::map<std::string, std::string> files;
+        for (const std::string& name :
+             platform::ListFolder(File("\\faction_prop"), platform::EntryKind::Files))
+            if (name.ends_with(".lst"))
+                files[name] = TempFolder::Read(File("\\faction_prop") + "/" + name);
+        return files;
+    }
     static QStringList Items(const QListWidget* list) {
         QStringList items;
         for (int i = 0; i < list->count(); ++i)
@@ -61,66 +71,109 @@ private slots:
     }
     void cleanup() { ClosePage(); }
 
-    void LoadingStoresShownValuesAndReplacesNonOptionValues() {
-        TempFolder::Write(Sheet(), "[li_p_grp]\r\nLegality=Lawful\r\njump=sideways\r\n"
-                                   "scan_announce=True\r\nscan_chance=0.5\r\nlastname=226908\r\n");
-        QCOMPARE(Get<QComboBox>("cboFP_group")->currentText(), QString());
-        Pick(0);
+    void LoadingShowsTheSectionAndAppliesTheScanRuleLast() {
+        // The announce is set after the chance: "False" or none resets a stored chance.
+        const struct {
+            const char* section;
+            const char* shown;
+        } cases[] = {
+            {"scan_chance=0.5\r\nscan_announce=False\r\n", "0.0"},
+            {"scan_chance=0.5\r\n", "0.0"},
+            {"scan_announce=True\r\nscan_chance=0.5\r\n", "0.5"},
+        };
+        for (const auto& c : cases) {
+            // Shown first: x, announcing with a chance of 0.0, so that resetting the chance
+            // changes the box only after the stored chance was shown.
+            TempFolder::Write(Sheet(),
+                              std::string("[x]\r\nscan_announce=True\r\nscan_chance=0.0\r\n"
+                                          "[li_p_grp]\r\nLegality=Lawful\r\n"
+                                          "jump=sideways\r\nlastname=226908\r\n") +
+                                  c.section);
+            Pick(1);
+            Pick(0);
+            QCOMPARE(Get<QLineEdit>("txtFPScan")->text(), QString(c.shown));
+            QCOMPARE(Value("li_p_grp", "scan_chance"), c.shown);
+        }
+        // Values that are no option pick the last one, and that is stored; values shown as
+        // before the load are not written.
         QVERIFY(Get<QRadioButton>("Option2")->isChecked());
         QVERIFY(Get<QRadioButton>("Option7")->isChecked());
         QCOMPARE(Value("li_p_grp", "Legality"), "unlawful");
         QCOMPARE(Value("li_p_grp", "jump"), "both");
-        // Shown as before the load, so not written.
         QCOMPARE(Value("li_p_grp", "plurality"), "<absent>");
-        QCOMPARE(Value("li_p_grp", "msg_id_prefix"), "<absent>");
-        QCOMPARE(Get<QLineEdit>("txtFPScan")->text(), QStringLiteral("0.5"));
         QCOMPARE(Get<QLineEdit>("txtFPLastname")->text(), QStringLiteral("226908"));
         auto* prefix = Get<QComboBox>("cboFPprefix");
         QCOMPARE(prefix->count(), 2);
         QCOMPARE(prefix->itemText(0), QStringLiteral("gcs_refer_faction_li_p"));
-        QCOMPARE(prefix->itemText(1), QStringLiteral("ignore"));
-
         // Re-picking the faction shown changes nothing on disk.
         const std::string before = TempFolder::Read(Sheet());
         Pick(0);
         QCOMPARE(TempFolder::Read(Sheet()), before);
-
-        // A faction without a section stores the defaults its controls now show; its announce
-        // of "False" comes after the scan chance and resets it.
+        // A faction without a section stores the defaults its controls now show.
+        TempFolder::Write(Sheet(), "");
         Pick(1);
         QVERIFY(Get<QRadioButton>("Option1")->isChecked());
-        QCOMPARE(Value("x", "Legality"), "lawful");
-        QCOMPARE(Value("x", "jump"), "jumpgate");
-        QCOMPARE(Value("x", "scan_announce"), "False");
-        QCOMPARE(Value("x", "scan_chance"), "0.0");
-        QCOMPARE(Value("x", "lastname"), "");
-        QCOMPARE(Value("x", "plurality"), "<absent>");
+        for (const auto& [key, value] : {std::pair{"Legality", "lawful"},
+                                         {"jump", "jumpgate"},
+                                         {"scan_announce", "False"},
+                                         {"scan_chance", "0.0"},
+                                         {"lastname", ""},
+                                         {"plurality", "<absent>"}})
+            QCOMPARE(Value("x", key), value);
         QCOMPARE(prefix->count(), 1);
-        QCOMPARE(prefix->itemText(0), QStringLiteral("ignore"));
-
-        // Back on the faction with a section: the voice and scan "Add" buttons; an empty
-        // catalogue choice adds nothing.
-        Pick(0);
-        PickItem("cboFPVoice", "pilot_f_leg_f01");
-        Get<VantelButton>("VantelButton10")->click();
-        Get<QComboBox>("cboFPScan")->setEditText(QStringLiteral("commodity_gold"));
-        Get<VantelButton>("VantelButton11")->click();
-        Get<VantelButton>("VantelButton11")->click();
-        Get<QComboBox>("cboFPScan")->setEditText(QString());
-        Get<VantelButton>("VantelButton11")->click();
-        QCOMPARE(TempFolder::Read(File("\\faction_prop\\Voicelist_li_p_grp.lst")),
-                 "pilot_f_leg_f01\r\n\r\n");
-        QCOMPARE(TempFolder::Read(File("\\faction_prop\\Scanlist_li_p_grp.lst")),
-                 "commodity_gold\r\ncommodity_gold\r\n\r\n");
-        QCOMPARE(Items(Get<QListWidget>("lstFPscan")),
-                 (QStringList{"commodity_gold", "commodity_gold"}));
-        // "False" resets the stored chance in the faction's own section; the rest stays.
-        QCOMPARE(Get<QLineEdit>("txtFPScan")->text(), QStringLiteral("0.5"));
-        PickItem("cboFPScanFracht", "False");
-        QCOMPARE(Value("li_p_grp", "scan_announce"), "False");
-        QCOMPARE(Value("li_p_grp", "scan_chance"), "0.0");
-        QCOMPARE(Value("li_p_grp", "lastname"), "226908");
         QVERIFY(dialogs->shown.empty());
+    }
+
+    void EachAddWritesItsOwnListFileAndADoubleClickRemoves() {
+        const struct {
+            const char* combo;
+            const char* button;
+            const char* list;
+            const char* file;
+            const char* entry;
+        } lists[] = {
+            {"cboFPShips", "VantelButton9", "lstFPShips", "Shiplist_x.lst", "not_in_the_catalogue"},
+            {"cboFPVoice", "VantelButton10", "lstFPVoice", "Voicelist_x.lst", "pilot_f_leg_f01"},
+            {"cboFPScan", "VantelButton11", "lstFPscan", "Scanlist_x.lst", "commodity_gold"},
+            {"cboFPFormation", "VantelButton12", "lstFPformation", "Formationlist_x.lst", "ANY"},
+        };
+        Get<QComboBox>("cboFPShips")->setEditText(QStringLiteral("early"));
+        Get<VantelButton>("VantelButton9")->click(); // no faction shown: nothing happens
+        QCOMPARE(Get<QListWidget>("lstFPShips")->count(), 0);
+        Pick(1);
+        std::map<std::string, std::string> expected; // every list file of the project
+        for (const auto& l : lists) {
+            Get<QComboBox>(l.combo)->setEditText(QString());
+            Get<VantelButton>(l.button)->click(); // an empty choice adds nothing
+            Get<QComboBox>(l.combo)->setEditText(QString(l.entry));
+            Get<VantelButton>(l.button)->click();
+            Get<VantelButton>(l.button)->click();
+            std::string entry = l.entry;
+            if (entry == "ANY") { // a formation wants its second part too
+                QCOMPARE(ListFiles(), expected);
+                Get<QComboBox>("cboFPformation2")->setEditText(QStringLiteral("convoy1"));
+                Get<VantelButton>(l.button)->click();
+                Get<VantelButton>(l.button)->click();
+                entry = "ANY, convoy1";
+            }
+            expected[l.file] = entry + "\r\n" + entry + "\r\n\r\n";
+            QCOMPARE(ListFiles(), expected);
+            QCOMPARE(Items(Get<QListWidget>(l.list)), (QStringList{entry.c_str(), entry.c_str()}));
+        }
+        auto* ships = Get<QListWidget>("lstFPShips");
+        DoubleClick(ships, 1);
+        DoubleClick(ships, 0);
+        QCOMPARE(ships->count(), 0);
+        expected["Shiplist_x.lst"] = "\r\n";
+        QCOMPARE(ListFiles(), expected);
+        // Loading reads the lists back, whatever capitals their files carry.
+        platform::DeleteFile(File("\\faction_prop\\Voicelist_x.lst"));
+        TempFolder::Write(File("\\faction_prop") + "/VOICELIST_x.LST", "walker\r\n   \r\n\r\n");
+        Pick(0);
+        Pick(1);
+        QCOMPARE(Items(Get<QListWidget>("lstFPVoice")), (QStringList{"walker", "   "}));
+        QCOMPARE(Items(Get<QListWidget>("lstFPformation")),
+                 (QStringList{"ANY, convoy1", "ANY, convoy1"}));
     }
 
     void EditsAreStoredAtOnceUnderTheShownFaction() {
@@ -162,42 +215,6 @@ private slots:
         QCOMPARE(Value("x", "scan_announce"), "False");
         QCOMPARE(Value("x", "scan_chance"), "0.0");
         QCOMPARE(Get<QLineEdit>("txtFPScan")->text(), QStringLiteral("0.0"));
-    }
-
-    void PickListsAddTwiceAndRemoveToAnEmptyFile() {
-        auto* ships = Get<QListWidget>("lstFPShips");
-        auto* add = Get<VantelButton>("VantelButton9");
-        Get<QComboBox>("cboFPShips")->setEditText(QStringLiteral("not_in_the_catalogue"));
-        add->click(); // no faction shown: nothing happens
-        QCOMPARE(ships->count(), 0);
-        Pick(1);
-        add->click();
-        add->click();
-        const std::string shipFile = File("\\faction_prop\\Shiplist_x.lst");
-        QCOMPARE(TempFolder::Read(shipFile),
-                 "not_in_the_catalogue\r\nnot_in_the_catalogue\r\n\r\n");
-        QCOMPARE(ships->count(), 2);
-
-        Get<QComboBox>("cboFPFormation")->setEditText(QStringLiteral("ANY"));
-        Get<VantelButton>("VantelButton12")->click(); // the second part is missing
-        Get<QComboBox>("cboFPformation2")->setEditText(QStringLiteral("convoy1"));
-        Get<VantelButton>("VantelButton12")->click();
-        QCOMPARE(TempFolder::Read(File("\\faction_prop\\Formationlist_x.lst")),
-                 "ANY, convoy1\r\n\r\n");
-
-        DoubleClick(ships, 1);
-        DoubleClick(ships, 0);
-        QCOMPARE(ships->count(), 0);
-        QCOMPARE(TempFolder::Read(shipFile), "\r\n");
-
-        // Loading reads the lists back, whatever capitals their files carry.
-        TempFolder::Write(File("\\faction_prop") + "/VOICELIST_x.LST", "walker\r\n   \r\n\r\n");
-        Pick(0);
-        Pick(1);
-        QCOMPARE(ships->count(), 0);
-        QCOMPARE(Items(Get<QListWidget>("lstFPVoice")), (QStringList{"walker", "   "}));
-        QCOMPARE(Items(Get<QListWidget>("lstFPformation")), QStringList{"ANY, convoy1"});
-        QCOMPARE(Get<QTabWidget>("SSTab2")->count(), 5);
     }
 
     void BodypartDialogEnablesOkAndUsesTheFactionShownWhenPressed() {

@@ -1,0 +1,124 @@
+// The project manager built on its own: what the project list, the labels and the disk show
+// after each button.
+#include "ui/ProjectManagerPanel.h"
+#include "ui/VantelButton.h"
+#include "ui/support/PageFixture.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTextEdit>
+#include <filesystem>
+
+namespace fs = std::filesystem;
+
+class ProjectManagerPanelTest : public QObject, protected PageFixture<ProjectManagerPanel> {
+    Q_OBJECT
+
+    QStringList Projects() {
+        QStringList names;
+        for (int i = 0; i < Get<QListWidget>("lstProjects")->count(); ++i)
+            names << Get<QListWidget>("lstProjects")->item(i)->text();
+        return names;
+    }
+    void Select(const char* project) {
+        auto* list = Get<QListWidget>("lstProjects");
+        const auto found = list->findItems(QString::fromUtf8(project), Qt::MatchExactly);
+        QCOMPARE(found.size(), 1);
+        list->setCurrentItem(found.front());
+    }
+    void Click(const char* button) { emit Get<VantelButton>(button)->Click(); }
+    void Create(const QString& name) {
+        Get<QLineEdit>("txtdateiname")->setText(name);
+        QTest::keyClick(Get<QLineEdit>("txtdateiname"), Qt::Key_Return);
+    }
+    std::string Protocol(const std::string& project) {
+        return TempFolder::Read(*folder / ("projects/" + project + "/Protocol/protocol.txt"));
+    }
+
+private slots:
+    void init() {
+        OpenPage("P"); // made on disk, but no project is loaded yet
+        session->ActiveProject.clear();
+        session->SetActiveProjectCaption("");
+    }
+    void cleanup() { ClosePage(); }
+
+    void NamesGiveAProjectOrAToldRefusal() {
+        const struct {
+            const char* name;
+            QStringList projects; // after the attempt
+            const char* told;     // the start of the message; "" when none
+        } cases[] = {
+            // No project is loaded: the tree is made, its protocol line has nowhere to go.
+            {"Alpha", {"Alpha", "P"}, "An error occured during create your project.\r\nError 76: "},
+            {"Alpha", {"Alpha", "P"}, "An error occured during create your project.\r\nError 75: "},
+            {"a/b", {"Alpha", "P"}, "An error occured during create your project."},
+        };
+        for (const auto& c : cases) {
+            dialogs->shown.clear();
+            Create(QString::fromUtf8(c.name));
+            QCOMPARE(Projects(), c.projects);
+            QCOMPARE(dialogs->shown.size(), std::size_t(1));
+            QCOMPARE(dialogs->shown[0].icon, QMessageBox::Critical);
+            QVERIFY2(dialogs->shown[0].text.startsWith(c.told), qPrintable(dialogs->shown[0].text));
+        }
+        QVERIFY(fs::is_directory(*folder / "projects/Alpha/emphaty/new"));
+        QVERIFY(!fs::exists(*folder / "projects/a"));
+        QVERIFY(!fs::exists(*folder / "projects/Alpha/Protocol/protocol.txt"));
+    }
+
+    void LoadCreateIntoTheLoadedProtocolShowItAndDelete() {
+        QSignalSpy loaded(page.get(), &ProjectManagerPanel::ProjectLoaded);
+        QSignalSpy deleted(page.get(), &ProjectManagerPanel::ProjectDeleted);
+        Click("VantelButton6"); // nothing selected: the notice, nothing loaded
+        QVERIFY(!Get<QLabel>("lblNoProject")->isHidden());
+        QCOMPARE(loaded.count(), 0);
+
+        page->RefreshProjectList();
+        Select("P");
+        Click("VantelButton6");
+        QCOMPARE(loaded.count(), 1);
+        QCOMPARE(session->ActiveProject, std::string("P"));
+        QCOMPARE(Get<QLabel>("lblActiveProject")->text(), QString("P"));
+
+        // A project made while P is loaded gets its line in P's protocol.
+        Create("Beta");
+        QVERIFY(dialogs->shown.empty());
+        QCOMPARE(Projects(), (QStringList{"Beta", "P"}));
+        QVERIFY(Protocol("P").ends_with(": Project created.\r\n\r\n"));
+        QVERIFY(!fs::exists(*folder / "projects/Beta/Protocol/protocol.txt"));
+        // The protocol view shows the clicked project's file, empty without one.
+        Select("P");
+        QVERIFY(Get<QTextEdit>("rtfLog")->toPlainText().contains(": Project created."));
+        Select("Beta");
+        QCOMPARE(Get<QTextEdit>("rtfLog")->toPlainText(), QString());
+
+        // Deleting the loaded project unloads it; its name stays on the label.
+        Select("P");
+        Click("VantelButton5");
+        QCOMPARE(deleted.count(), 1);
+        QVERIFY(!fs::exists(*folder / "projects/P"));
+        QVERIFY(session->ActiveProject.empty());
+        QCOMPARE(Get<QLabel>("lblActiveProject")->text(), QString("P"));
+        QCOMPARE(Projects(), QStringList{"Beta"});
+    }
+
+    void FoldersNamedInUtf8AreListedAndOthersLeftOutAndTold() {
+        fs::create_directory(*folder / "projects/Gr\xC3\xB6\xC3\x9F"
+                                       "e");
+        fs::create_directory(*folder / "projects/Gr\xF6\xDF"
+                                       "e 1252");
+        page->RefreshProjectList();
+        QCOMPARE(Projects(), (QStringList{QString::fromUtf8("Gr\xC3\xB6\xC3\x9F"
+                                                            "e"),
+                                          "P"}));
+        QCOMPARE(dialogs->shown.size(), std::size_t(1));
+        QVERIFY(dialogs->shown[0].text.contains("is left out: the name is not UTF-8"));
+    }
+};
+
+QTEST_MAIN(ProjectManagerPanelTest)
+#include "ProjectManagerPanel_test.moc"
