@@ -9,6 +9,8 @@ int RunProtocol(const Arguments&, Context&);
 int RunFactions(const Arguments&, Context&);
 int RunAddFaction(const Arguments&, Context&);
 int RunRemoveFaction(const Arguments&, Context&);
+int RunRenameFaction(const Arguments&, Context&);
+int RunDuplicateFaction(const Arguments&, Context&);
 int RunIniGet(const Arguments&, Context&);
 int RunIniSet(const Arguments&, Context&);
 int RunCompile(const Arguments&, Context&);
@@ -31,6 +33,12 @@ const std::vector<Command>& Commands() {
         {"add-faction", "PROJECT NICK [GROUP]", "add a faction or change its group", RunAddFaction},
         {"remove-faction", "PROJECT NICK", "delete a registered faction and its files",
          RunRemoveFaction},
+        {"rename-faction", "PROJECT OLD NEW",
+         "rename a faction in every file of the project that names it", RunRenameFaction},
+        {"duplicate-faction", "PROJECT SOURCE NEW [GROUP] [--no-relations]",
+         "copy a faction under a new nickname; the others' rates toward it follow unless "
+         "--no-relations",
+         RunDuplicateFaction},
         {"ini-get", "FILE SECTION KEY [DEFAULT]", "print the value that an INI read returns",
          RunIniGet},
         {"ini-set", "FILE SECTION KEY VALUE", "write one INI value", RunIniSet},

@@ -188,6 +188,10 @@ std::string SaveFaction(std::string_view appDir, std::string_view project,
     return group;
 }
 
+std::span<const std::pair<std::string_view, std::string_view>> OwnFactionFiles() {
+    return FactionFiles;
+}
+
 std::string RegistryWithoutFaction(std::string_view text, std::string_view nickname,
                                    std::string_view group) {
     // Appended rather than "[" + ...: GCC 12 at -O3 warns falsely (-Wrestrict) on that.

@@ -2,8 +2,10 @@
 // Project routines: the project folder tree, the project list, the protocol, the
 // faction registry, list files and the file-exists helper. The window and the
 // command line call these; neither touches paths or files on its own.
+#include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 class IniDocument;
@@ -80,6 +82,9 @@ std::string SaveFaction(std::string_view appDir, std::string_view project,
 // skipped). A failed rewrite throws before any file is deleted.
 void DeleteFaction(std::string_view appDir, std::string_view project, std::string_view nickname,
                    std::string_view group);
+// The files that belong to one faction alone, in the order Delete deletes them: each as the
+// piece before the nickname (folder and name prefix, "\emphaty\new\reps_") and after it.
+std::span<const std::pair<std::string_view, std::string_view>> OwnFactionFiles();
 // The text of the registry with the faction's two lines emptied (line ends kept).
 std::string RegistryWithoutFaction(std::string_view registryText, std::string_view nickname,
                                    std::string_view group);
