@@ -16,6 +16,7 @@ enum class Setting {
     Text,          // text box
     PageCaption,   // caption of one page of a tab strip
     ColumnCaption, // heading of one column (page) of a list view
+    Question,      // what a control's action asks in a message box (its property "question")
 };
 
 struct Row {
@@ -32,7 +33,8 @@ std::span<const Row> Table();
 std::span<const Row> FindingsWindowTable();
 
 // Sets every row of a table (the main window's unless named) to the language; rows whose
-// control is absent are skipped.
+// control is absent are skipped. A row may name an action (of a menu) too: Caption is its
+// text, ToolTipText its tool tip.
 void Apply(QWidget& window, Language language, std::span<const Row> rows = Table());
 
 // The caption of VantelButton2 while the interface is German (it offers the other language).

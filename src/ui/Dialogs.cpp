@@ -21,6 +21,12 @@ void QtDialogs::MessageBox(QMessageBox::Icon icon, const QString& title, const Q
     box.exec();
 }
 
+QMessageBox::StandardButton QtDialogs::Question(const QString& title, const QString& text) {
+    return QMessageBox::question(parent_, title, text,
+                                 QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
+                                 QMessageBox::Yes);
+}
+
 QString Dialogs::Describe(const std::exception& error) {
     // Core messages carry the path they name as Windows-1252 text; it is shown as the system
     // spells it.

@@ -14,6 +14,8 @@ public:
     virtual QString InputBox(const QString& prompt, const QString& title,
                              const QString& defaultText) = 0;
     virtual void MessageBox(QMessageBox::Icon icon, const QString& title, const QString& text) = 0;
+    // A question answered Yes or No, or cancelled: QMessageBox::Yes, No or Cancel.
+    virtual QMessageBox::StandardButton Question(const QString& title, const QString& text) = 0;
 
     // A failure at a handler boundary, told in plain words.
     void ShowError(const QString& text) {
@@ -38,6 +40,7 @@ public:
     QString InputBox(const QString& prompt, const QString& title,
                      const QString& defaultText) override;
     void MessageBox(QMessageBox::Icon icon, const QString& title, const QString& text) override;
+    QMessageBox::StandardButton Question(const QString& title, const QString& text) override;
 
 private:
     QWidget* parent_;
