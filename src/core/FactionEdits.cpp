@@ -351,27 +351,21 @@ std::string Renamed(const FactionFileLayout::OwnFile& own, std::string_view oldN
                               name.substr(own.prefixLength + oldName.size()));
 }
 
-} // namespace
-
-std::optional<std::string> RenamedInText(std::string_view bytes, std::string_view oldName,
-                                         std::string_view newName, bool keys) {
-    std::vector<std::size_t> places;
-    ForEachName(bytes, keys, [&](std::size_t at, std::size_t length) {
-        if (names::EqualIgnoringCase(bytes.substr(at, length), oldName))
-            places.push_back(at);
-    });
-    if (places.empty())
-        return std::nullopt;
+// The text with the name at each of the places spelled newName.
+std::string Replaced(std::string_view bytes, const std::vector<std::size_t>& places,
+                     std::size_t length, std::string_view newName) {
     std::string out;
     out.reserve(bytes.size() + places.size() * newName.size());
     std::size_t done = 0;
     for (const std::size_t at : places) {
         out.append(bytes.substr(done, at - done)).append(newName);
-        done = at + oldName.size();
+        done = at + length;
     }
     out.append(bytes.substr(done));
     return out;
 }
+
+} // namespace
 
 std::string RenameFaction(std::string_view appDir, std::string_view project,
                           std::string_view oldName, std::string_view newName,
@@ -388,10 +382,24 @@ std::string RenameFaction(std::string_view appDir, std::string_view project,
         RequireNoOwnFiles(layout, newName);
 
     Batch batch(calls);
-    const auto edit = [&](const std::string& host, std::string_view bytes, bool keys) {
-        if (!caseOnly && Names(bytes, newName, keys))
+    // The file's text with every name of the faction spelled anew; nullopt when none is there.
+    // A name that no faction has may still be named by the leftovers of a deleted one.
+    const auto edit = [&](const std::string& host, std::string_view bytes,
+                          bool keys) -> std::optional<std::string> {
+        std::vector<std::size_t> places;
+        bool namesNew = false;
+        ForEachName(bytes, keys, [&](std::size_t at, std::size_t length) {
+            const std::string_view name = bytes.substr(at, length);
+            if (names::EqualIgnoringCase(name, old))
+                places.push_back(at);
+            else if (names::EqualIgnoringCase(name, newName))
+                namesNew = true;
+        });
+        if (namesNew)
             RefuseLeftover(newName, host);
-        return RenamedInText(bytes, old, newName, keys);
+        if (places.empty())
+            return std::nullopt;
+        return Replaced(bytes, places, old.size(), newName);
     };
     if (auto renamed = edit(registry.host, registry.bytes, false))
         batch.Write(registry.host, std::move(*renamed));

@@ -41,9 +41,4 @@ void DuplicateFaction(std::string_view appDir, std::string_view project, std::st
                       Relations relations,
                       platform::FileCalls& calls = platform::SystemFileCalls());
 
-// The INI text with every section header naming oldName (any case) and, with keys, every key
-// naming it spelled newName, nothing else moved; nullopt when no line names it.
-std::optional<std::string> RenamedInText(std::string_view bytes, std::string_view oldName,
-                                         std::string_view newName, bool keys);
-
 } // namespace factionEdits

@@ -14,8 +14,13 @@ public:
     virtual QString InputBox(const QString& prompt, const QString& title,
                              const QString& defaultText) = 0;
     virtual void MessageBox(QMessageBox::Icon icon, const QString& title, const QString& text) = 0;
-    // A question answered Yes or No, or cancelled: QMessageBox::Yes, No or Cancel.
-    virtual QMessageBox::StandardButton Question(const QString& title, const QString& text) = 0;
+    // A question answered Yes or No, or cancelled: QMessageBox::Yes, No or Cancel. Dialogs that
+    // do not ask cancel, so that nothing is done on an answer nobody gave.
+    virtual QMessageBox::StandardButton Question(const QString& title, const QString& text) {
+        (void)title;
+        (void)text;
+        return QMessageBox::Cancel;
+    }
 
     // A failure at a handler boundary, told in plain words.
     void ShowError(const QString& text) {
