@@ -7,6 +7,7 @@
 #include "core/txtReadWrite.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <map>
 #include <set>
 #include <utility>
@@ -427,13 +428,18 @@ std::string RenameFaction(std::string_view appDir, std::string_view project,
         const std::string renamed = Renamed(*file, old, newName);
         if (renamed == file->file.host)
             continue; // spelled so on disk already
+        // In a folder that ignores case the new spelling is the old file itself: it is
+        // written over, never removed.
+        std::error_code error;
+        const bool sameFile = caseOnly && std::filesystem::exists(renamed, error);
         if (file != ownEmpathy) {
             const auto bytes = platform::ReadBytes(file->file.host);
             if (!bytes)
                 continue;
             batch.Write(renamed, *bytes);
         }
-        batch.Remove(file->file.host);
+        if (!sameFile)
+            batch.Remove(file->file.host);
     }
     batch.Commit();
     return old;
