@@ -50,6 +50,12 @@ void WriteAll(FileCalls& calls, int fd, std::string_view bytes, const std::strin
     }
 }
 
+// A fresh name for a temporary file of ours.
+std::string NextTemporaryName() {
+    static std::atomic<unsigned> counter{0};
+    return std::string(TemporaryPrefix) + ProcessTag() + "-" + std::to_string(counter++);
+}
+
 struct Temporary {
     std::string name; // in the target's folder
     bool targetExisted = false;
@@ -81,12 +87,10 @@ Temporary WriteTemporary(FileCalls& calls, int dir, const std::string& target,
         throw FileError(target, "the file is read-only");
     // A fresh name beside the target, created with the usual permissions (the umask applies);
     // an existing file's own permissions are carried over.
-    static std::atomic<unsigned> counter{0};
-    const std::string prefix = std::string(TemporaryPrefix) + ProcessTag() + "-";
     Temporary temporary{{}, exists};
     Descriptor file;
     for (int attempt = 0; file.fd < 0; ++attempt) {
-        temporary.name = prefix + std::to_string(counter++);
+        temporary.name = NextTemporaryName();
         file.fd =
             calls.Open(dir, temporary.name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         if (file.fd < 0 && (errno != EEXIST || attempt > 100))
@@ -317,7 +321,7 @@ void RemoveLeftoverTemporaries(const std::string& hostFolder) {
 
 StagedReplacement::~StagedReplacement() {
     for (const auto& item : staged_) {
-        if (item.placed == Placed::No)
+        if (item.placed == Placed::No && !item.removal)
             ::unlinkat(item.dir, item.temporary.c_str(), 0);
     }
 }
@@ -399,6 +403,14 @@ const StagedReplacement::Folder& StagedReplacement::FolderFor(const std::string&
     return folder;
 }
 
+void StagedReplacement::StageRemoval(const std::string& hostPath) {
+    const Folder& folder = FolderFor(hostPath);
+    if (folder.dir.fd < 0)
+        return; // no folder, no file to remove
+    staged_.push_back(Staged{hostPath, folder.dir.fd, hostPath.substr(hostPath.rfind('/') + 1),
+                             NextTemporaryName(), true, Placed::No, true});
+}
+
 void StagedReplacement::Tidy(const std::string& hostPath) {
     FolderFor(hostPath);
 }
@@ -407,6 +419,17 @@ void StagedReplacement::Place(Staged& item) {
     const int dir = item.dir;
     const char* from = item.temporary.c_str();
     const char* to = item.name.c_str();
+    if (item.removal) {
+        // Aside under a name of ours, so that a failure later on can bring it back.
+        if (calls_.Rename(dir, to, from, RENAME_NOREPLACE) == 0 ||
+            (Unsupported(errno) && calls_.Rename(dir, to, from, 0) == 0)) {
+            item.placed = Placed::MovedAside;
+            return;
+        }
+        if (errno == ENOENT)
+            return; // gone already
+        throw FileError(item.target, SystemReason(errno));
+    }
     if (staged_.size() == 1) {
         // A file replaced alone needs no way back: a plain rename puts it in place.
         if (calls_.Rename(dir, from, to, 0) != 0)
@@ -477,6 +500,9 @@ void StagedReplacement::Restore(Staged& item) noexcept {
         restored =
             calls_.Rename(item.dir, BackupOf(item.temporary).c_str(), item.name.c_str(), 0) == 0;
         break;
+    case Placed::MovedAside:
+        restored = calls_.Rename(item.dir, item.temporary.c_str(), item.name.c_str(), 0) == 0;
+        break;
     }
     // When the way back fails too, the old content stays under its temporary name rather
     // than being removed with the temporaries.
@@ -517,7 +543,7 @@ void StagedReplacement::Commit() {
         ThrowFailures(failures);
     }
     for (const Staged& item : staged_) {
-        if (item.placed == Placed::Exchanged)
+        if (item.placed == Placed::Exchanged || item.placed == Placed::MovedAside)
             ::unlinkat(item.dir, item.temporary.c_str(), 0); // the old content
         else if (item.placed == Placed::BackedUp)
             ::unlinkat(item.dir, BackupOf(item.temporary).c_str(), 0);

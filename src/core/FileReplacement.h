@@ -93,6 +93,10 @@ public:
     // no further file is started, those written are removed again, and every failure is
     // thrown as one error, the first in the given order leading.
     void StageAll(const std::vector<Staging>& files);
+    // Removes a file as part of the commit: it is moved aside when the staged files are put in
+    // place, brought back when anything fails, and deleted only once all succeeded. A file
+    // missing by then counts as removed. Takes a host path spelled exactly as on disk.
+    void StageRemoval(const std::string& hostPath);
     // Throws FileError, naming every file that failed; a large batch is renamed from two threads.
     void Commit();
     // Rids the folder of a file of leftover temporaries (once per folder), as staging a file
@@ -100,7 +104,7 @@ public:
     void Tidy(const std::string& hostPath);
 
 private:
-    enum class Placed { No, AsNew, Exchanged, BackedUp };
+    enum class Placed { No, AsNew, Exchanged, BackedUp, MovedAside };
     struct Staged {
         std::string target;    // the host path, for messages
         int dir = -1;          // the target's folder, open
@@ -108,6 +112,7 @@ private:
         std::string temporary; // the temporary file's name in it
         bool existed = false;
         Placed placed = Placed::No;
+        bool removal = false; // temporary: the name the file is moved aside to
     };
     // A folder that files are staged in, open once for all of them: names relative to it
     // save the system a walk along the whole path for every file created and renamed.

@@ -123,6 +123,14 @@ constexpr std::string_view EndingBytes(std::uint8_t ending) {
 
 } // namespace
 
+std::optional<std::string_view> ini::SectionNameOfLine(std::string_view line) {
+    return SectionNameOf(line);
+}
+
+std::optional<std::string_view> ini::KeyOfLine(std::string_view line) {
+    return KeyOf(line);
+}
+
 // ---- NameIndex ----
 
 template <typename NameOf>

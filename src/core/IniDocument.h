@@ -180,4 +180,9 @@ inline constexpr std::size_t MaxReadBytes = 254;
 inline constexpr std::string_view LineBreakEscape = "/20&\\";
 std::string EscapeLineBreaks(std::string_view value);
 std::string UnescapeLineBreaks(std::string_view stored);
+// How the document reads one line (without its line end), as views into it: the name of a
+// section line (blanks around it removed), nullopt for any other line; the key of a line
+// with "=" (blanks removed), nullopt for a line without one.
+std::optional<std::string_view> SectionNameOfLine(std::string_view line);
+std::optional<std::string_view> KeyOfLine(std::string_view line);
 } // namespace ini

@@ -36,6 +36,13 @@ std::string FactionFile(const FactionFileName& name, std::string_view nickname) 
     return file;
 }
 
+std::array<FactionFileName, 7> OwnFileNames() {
+    std::array<FactionFileName, 7> files = {EmpathyName, ScratchName};
+    for (std::size_t i = 0; i < AllPickLists.size(); ++i)
+        files[2 + i] = ListName(AllPickLists[i]);
+    return files;
+}
+
 std::string NicknameIn(const FactionFileName& name, std::string_view fileName) {
     const std::size_t ends = name.prefix.size() + name.suffix.size();
     if (fileName.size() <= ends ||
@@ -74,9 +81,9 @@ std::string ProjectLayout::ListFile(PickList list, std::string_view nickname) co
 }
 
 std::vector<std::string> ProjectLayout::FactionFiles(std::string_view nickname) const {
-    std::vector<std::string> files = {EmpathyFile(nickname), ScratchFile(nickname)};
-    for (const PickList list : AllPickLists)
-        files.push_back(ListFile(list, nickname));
+    std::vector<std::string> files;
+    for (const layout::FactionFileName& name : layout::OwnFileNames())
+        files.push_back(Path(layout::FactionFile(name, nickname)));
     return files;
 }
 

@@ -44,6 +44,10 @@ inline constexpr FactionFileName ScratchName = {EmpathyFolder, "", ".tmp"};
 // "Shiplist_", "Voicelist_", "Bodylist_", "Scanlist_", "Formationlist_", then ".lst".
 FactionFileName ListName(PickList list);
 
+// The names of the files that belong to one faction alone, in the order a deletion removes
+// them: its empathy file, its scratch file and its five list files.
+std::array<FactionFileName, 7> OwnFileNames();
+
 // "<folder>\<file name>" below the project folder, for a name a folder listing gives.
 std::string FileIn(std::string_view folder, std::string_view fileName);
 // "<folder>\<prefix><nickname><suffix>" below the project folder.

@@ -2,8 +2,10 @@
 // Project routines: the project folder tree, the project list, the protocol, the
 // faction registry, list files and the file-exists helper. The window and the
 // command line call these; neither touches paths or files on its own.
+#include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 class IniDocument;

@@ -3,6 +3,7 @@
 #include "ui/VantelButton.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -92,6 +93,12 @@ constexpr Row Rows[] = {
     {"btnMatrixCsv", Caption, 0, "CSV exportieren", "Export CSV"},
     {"btnMatrixPng", Caption, 0, "PNG exportieren", "Export PNG"},
     {"btnCheck", Caption, 0, "Prüfen", "Check"},
+    // The faction menu of the registry list; the tool tips are the prompts of its input boxes.
+    {"mnuRenameFaction", Caption, 0, "Umbenennen...", "Rename..."},
+    {"mnuRenameFaction", ToolTipText, 0, "Neuer Nickname der Fraktion:", "New nickname of the faction:"},
+    {"mnuDuplicateFaction", Caption, 0, "Duplizieren...", "Duplicate..."},
+    {"mnuDuplicateFaction", ToolTipText, 0, "Nickname der Kopie:", "Nickname of the copy:"},
+    {"mnuDuplicateFaction", Question, 0, "Sollen die anderen Fraktionen der Kopie gegenüber dieselben Werte haben wie dem Original gegenüber (Sympathiewerte und Startreputationen)?", "Shall the other factions hold toward the copy what they hold toward the original (empathy rates and starting reputations)?"},
 };
 
 constexpr Row FindingsWindowRows[] = {
@@ -143,7 +150,19 @@ void Set(QWidget* widget, const Row& row, const QString& text) {
         if (auto* list = qobject_cast<QTreeWidget*>(widget); list && row.page < list->columnCount())
             list->headerItem()->setText(row.page, text);
         break;
+    case Question:
+        widget->setProperty("question", text);
+        break;
     }
+}
+
+void Set(QAction* action, const Row& row, const QString& text) {
+    if (row.what == Caption)
+        action->setText(text);
+    else if (row.what == ToolTipText)
+        action->setToolTip(text);
+    else if (row.what == Question)
+        action->setProperty("question", text);
 }
 
 } // namespace
@@ -169,6 +188,10 @@ void Apply(QWidget& window, Language language, std::span<const Row> rows) {
         for (QWidget* widget : window.findChildren<QWidget*>(QString::fromLatin1(row.control)))
             if (widget->window() == &window) // not the dialogs it owns: they keep theirs
                 Set(widget, row, text);
+        for (QAction* action : window.findChildren<QAction*>(QString::fromLatin1(row.control)))
+            if (auto* owner = qobject_cast<QWidget*>(action->parent());
+                owner && owner->window() == &window)
+                Set(action, row, text);
     }
 }
 

@@ -17,6 +17,7 @@ enum class Setting {
     Text,          // text box
     PageCaption,   // caption of one page of a tab strip
     ColumnCaption, // heading of one column (page) of a list view
+    Question,      // what a control's action asks in a message box (its property "question")
 };
 
 struct Row {
@@ -33,7 +34,8 @@ std::span<const Row> Table();
 std::span<const Row> FindingsWindowTable();
 
 // Sets every row of a table (the main window's unless named) to the language; rows whose
-// control is absent are skipped.
+// control is absent are skipped. A row may name an action (of a menu) too: Caption is its
+// text, ToolTipText its tool tip.
 void Apply(QWidget& window, Language language, std::span<const Row> rows = Table());
 
 // A message to the user in both languages, with %1, %2 for what it names.

@@ -21,6 +21,12 @@ void QtDialogs::MessageBox(QMessageBox::Icon icon, const QString& title, const Q
     box.exec();
 }
 
+QMessageBox::StandardButton QtDialogs::Question(const QString& title, const QString& text) {
+    return QMessageBox::question(parent_, title, text,
+                                 QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
+                                 QMessageBox::Yes);
+}
+
 QString Dialogs::Describe(const std::exception& error) {
     // An error that wraps its cause (a protocol line not written after a compile) is told by
     // the cause, which names the file.

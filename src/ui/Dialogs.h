@@ -17,6 +17,13 @@ public:
     virtual QString InputBox(const QString& prompt, const QString& title,
                              const QString& defaultText) = 0;
     virtual void MessageBox(QMessageBox::Icon icon, const QString& title, const QString& text) = 0;
+    // A question answered Yes or No, or cancelled: QMessageBox::Yes, No or Cancel. Dialogs that
+    // do not ask cancel, so that nothing is done on an answer nobody gave.
+    virtual QMessageBox::StandardButton Question(const QString& title, const QString& text) {
+        (void)title;
+        (void)text;
+        return QMessageBox::Cancel;
+    }
 
     // A failure at a handler boundary, told in plain words.
     void ShowError(const QString& text) {
@@ -62,6 +69,7 @@ public:
     QString InputBox(const QString& prompt, const QString& title,
                      const QString& defaultText) override;
     void MessageBox(QMessageBox::Icon icon, const QString& title, const QString& text) override;
+    QMessageBox::StandardButton Question(const QString& title, const QString& text) override;
 
 private:
     QWidget* parent_;

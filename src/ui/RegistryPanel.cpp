@@ -1,5 +1,6 @@
 #include "ui/RegistryPanel.h"
 
+#include "core/FactionEdits.h"
 #include "core/modFunctions.h"
 #include "ui/Dialogs.h"
 #include "ui/ImportActions.h"
@@ -10,9 +11,11 @@
 #include "ui/Twips.h"
 #include "ui/VantelButton.h"
 
+#include <QAction>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QProgressBar>
 #include <QTreeWidget>
 #include <algorithm>
@@ -61,6 +64,28 @@ RegistryPanel::RegistryPanel(Session& session_, Dialogs& dialogs_, QWidget* pare
     lv_newfactions->header()->resizeSection(0, twips::ToPixels(2400));
     twips::Place(lv_newfactions, 120, 240, 4800, 3360);
     connect(lv_newfactions, &QTreeWidget::itemClicked, this, &RegistryPanel::lv_newfactions_Click);
+
+    // The faction menu. Its actions are the list's own too, so that F2 renames there, and the
+    // Menu key and Shift+F10 open the menu at the selected faction.
+    mnuRenameFaction = Named(new QAction(this), "mnuRenameFaction");
+    mnuRenameFaction->setShortcut(Qt::Key_F2);
+    mnuDuplicateFaction = Named(new QAction(this), "mnuDuplicateFaction");
+    auto* menuKeys = Named(new QAction(this), "mnuFactionKeys");
+    menuKeys->setShortcuts({QKeySequence(Qt::Key_Menu), QKeySequence(Qt::SHIFT | Qt::Key_F10)});
+    for (QAction* action : {mnuRenameFaction, mnuDuplicateFaction, menuKeys}) {
+        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        lv_newfactions->addAction(action);
+    }
+    connect(mnuRenameFaction, &QAction::triggered, this, &RegistryPanel::mnuRenameFaction_Click);
+    connect(mnuDuplicateFaction, &QAction::triggered, this,
+            &RegistryPanel::mnuDuplicateFaction_Click);
+    lv_newfactions->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(lv_newfactions, &QWidget::customContextMenuRequested, this,
+            &RegistryPanel::lv_newfactions_ContextMenu);
+    connect(menuKeys, &QAction::triggered, this, [this] {
+        const QTreeWidgetItem* item = lv_newfactions->currentItem();
+        lv_newfactions_ContextMenu(item ? lv_newfactions->visualItemRect(item).center() : QPoint());
+    });
 
     frmnewFaction = Named(new QGroupBox(this), "frmnewFaction");
     twips::Place(frmnewFaction, 5040, 240, 4560, 1380);
@@ -225,6 +250,94 @@ void RegistryPanel::btnnewfactiondel_Click() {
     });
     if (deleted)
         LoadFactionRegistry();
+}
+
+QString RegistryPanel::SelectedNickname() const {
+    const QTreeWidgetItem* item = lv_newfactions->currentItem();
+    return item && item->isSelected() ? item->text(0) : QString();
+}
+
+void RegistryPanel::ShowEdited(const std::string& nickname) {
+    LoadFactionRegistry();
+    ChooseFaction(nickname);
+}
+
+void RegistryPanel::lv_newfactions_ContextMenu(const QPoint& at) {
+    const QString nickname = SelectedNickname();
+    if (nickname.isEmpty() || session.ActiveProject.empty())
+        return;
+    QMenu menu(this);
+    menu.setObjectName(QStringLiteral("mnuFaction"));
+    menu.setAccessibleName(nickname); // the faction the menu acts on
+    menu.addAction(mnuRenameFaction);
+    menu.addAction(mnuDuplicateFaction);
+    menu.exec(lv_newfactions->viewport()->mapToGlobal(at));
+}
+
+namespace {
+
+// An action's caption as the title of the box it opens.
+QString BoxTitle(const QAction* action) {
+    QString title = action->text();
+    title.remove(QLatin1Char('&'));
+    if (title.endsWith(QStringLiteral("...")))
+        title.chop(3);
+    return title;
+}
+
+// The new nickname for a faction, asked with the action's prompt; nullopt when cancelled,
+// left as it was, or not expressible in a file name (said so).
+std::optional<std::string> AskNickname(Dialogs& dialogs, const QAction& action,
+                                       const QString& nickname) {
+    const QString given = dialogs.InputBox(action.toolTip(), BoxTitle(&action), nickname);
+    if (given.isEmpty() || given == nickname)
+        return std::nullopt;
+    auto bytes = text::ToFileExact(given);
+    if (!bytes)
+        dialogs.ShowError(QStringLiteral("Nickname \"%1\" is refused: it holds a character that "
+                                         "file names of factions cannot hold.")
+                              .arg(given));
+    return bytes;
+}
+
+} // namespace
+
+void RegistryPanel::mnuRenameFaction_Click() {
+    const QString nickname = SelectedNickname();
+    if (nickname.isEmpty() || session.ActiveProject.empty())
+        return;
+    const auto newName = AskNickname(dialogs, *mnuRenameFaction, nickname);
+    if (!newName)
+        return;
+    const bool renamed = dialogs.Attempt(QStringLiteral("The faction could not be renamed."), [&] {
+        factionEdits::RenameFaction(session.appDir, session.ActiveProject, text::ToFile(nickname),
+                                    *newName);
+    });
+    if (renamed)
+        ShowEdited(*newName);
+}
+
+void RegistryPanel::mnuDuplicateFaction_Click() {
+    const QString nickname = SelectedNickname();
+    if (nickname.isEmpty() || session.ActiveProject.empty())
+        return;
+    const auto newName = AskNickname(dialogs, *mnuDuplicateFaction, nickname);
+    if (!newName)
+        return;
+    const auto answer = dialogs.Question(BoxTitle(mnuDuplicateFaction),
+                                         mnuDuplicateFaction->property("question").toString());
+    if (answer != QMessageBox::Yes && answer != QMessageBox::No)
+        return;
+    const auto relations = answer == QMessageBox::Yes ? factionEdits::Relations::Copied
+                                                      : factionEdits::Relations::Left;
+    const bool copied =
+        dialogs.Attempt(QStringLiteral("The faction could not be duplicated."), [&] {
+            factionEdits::DuplicateFaction(session.appDir, session.ActiveProject,
+                                           text::ToFile(nickname), *newName, std::nullopt,
+                                           relations);
+        });
+    if (copied)
+        ShowEdited(*newName);
 }
 
 void RegistryPanel::btnnewfactionreload_Click() {

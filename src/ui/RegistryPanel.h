@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <vector>
 
+class QAction;
 class QLabel;
 class QLineEdit;
 class QProgressBar;
@@ -41,10 +42,19 @@ private slots:
     void btnnewfactiondel_Click();
     void btnnewfactionreload_Click();
     void lv_newfactions_Click();
+    // The faction menu of the registry list (right button, Menu key, Shift+F10).
+    void lv_newfactions_ContextMenu(const QPoint& at);
+    void mnuRenameFaction_Click();
+    void mnuDuplicateFaction_Click();
 
 private:
     // Fills the lists from the registry file; throws when it cannot be read.
     void FillFromRegistry(const std::string& registry);
+    // The nickname of the selected faction, empty when none is; the registry is reloaded and
+    // the faction given selected after an edit of it.
+    QString SelectedNickname() const;
+    void ShowEdited(const std::string& nickname);
+
     Session& session;
     Dialogs& dialogs;
     std::vector<RegistryView*> views;
@@ -53,6 +63,8 @@ private:
 
     QLabel* lblRegistryProject;
     QTreeWidget* lv_newfactions;
+    QAction* mnuRenameFaction;
+    QAction* mnuDuplicateFaction;
     QGroupBox* frmnewFaction;
     QLineEdit* txtNewNick;
     QLineEdit* txtNewDescr;

@@ -216,6 +216,10 @@ TEST(WriteFailureSweep, EveryFailingFileCallLeavesEachProjectFileBeforeOrAfter) 
         {"compile faction_prop", Cli({"compile", "Sweep", "faction_prop"})},
         {"compile initialworld", Cli({"compile", "Sweep", "initialworld"})},
         {"compile", Cli({"compile", "Sweep"})},
+        {"rename-faction", Cli({"rename-faction", "Sweep", "br_m_grp", "renamed_grp"})},
+        {"rename-faction, case only",
+         Cli({"rename-faction", "Sweep", "renamed_grp", "RENAMED_GRP"})},
+        {"duplicate-faction", Cli({"duplicate-faction", "Sweep", "RENAMED_GRP", "copy_grp"})},
         {"remove-faction", Cli({"remove-faction", "Sweep", "br_n_grp"})},
     };
     int failures = 0, states = 0;

@@ -166,3 +166,39 @@ TEST(FileReplacement, ReadBytesReadsWholeFilesOfAnySize) {
 }
 
 } // namespace
+
+// A staged removal goes with the commit: whichever call fails, the file is back with every
+// other one; only a commit that gets through removes it. A file already gone counts as removed.
+TEST(FileReplacement, AStagedRemovalHappensOnlyWithTheWholeCommit) {
+    TempFolder temp;
+    TempFolder::Write(temp / "old.lst", "old");
+    TempFolder::Write(temp / "kept.ini", "kept");
+    const auto before = Snapshot(temp.path());
+    const auto commit = [&](platform::FileCalls& calls) {
+        platform::StagedReplacement replacement(calls);
+        replacement.StageResolved(temp / "new.lst", "new");
+        replacement.StageResolved(temp / "kept.ini", "changed");
+        replacement.StageRemoval(temp / "old.lst");
+        replacement.StageRemoval(temp / "missing.lst");
+        replacement.Commit();
+    };
+    for (const bool canExchange : {true, false}) {
+        int failures = 0;
+        for (int n = 1;; ++n) {
+            FailingCalls calls(FailingCalls::Call::Rename, n, canExchange);
+            try {
+                commit(calls);
+                break;
+            } catch (const platform::FileError&) {
+                ++failures;
+            }
+            ASSERT_EQ(Snapshot(temp.path()), before) << n << " " << canExchange;
+        }
+        EXPECT_GE(failures, 3);
+        EXPECT_EQ(Snapshot(temp.path()), (std::map<std::string, std::string>{
+                                             {"kept.ini", "changed"}, {"new.lst", "new"}}));
+        TempFolder::Write(temp / "old.lst", "old");
+        TempFolder::Write(temp / "kept.ini", "kept");
+        fs::remove(temp / "new.lst");
+    }
+}

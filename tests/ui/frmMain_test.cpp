@@ -10,12 +10,15 @@
 
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QAction>
+#include <QApplication>
 #include <QComboBox>
 #include <QDialog>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QRegularExpression>
 #include <QSlider>
 #include <QTabWidget>
@@ -170,6 +173,29 @@ private:
         QCOMPARE(found.size(), 1);
         list->setCurrentItem(found.front());
         emit list->itemClicked(found.front(), 0);
+    }
+
+    // What the menu that the keys open shows (its name, accessible name and items); it is
+    // closed again. Empty when none opens.
+    QStringList MenuOpenedBy(QWidget* widget, const QKeySequence& keys) {
+        QStringList seen;
+        QTimer poll;
+        int tries = 0;
+        connect(&poll, &QTimer::timeout, [&] {
+            for (QWidget* top : QApplication::topLevelWidgets())
+                if (auto* menu = qobject_cast<QMenu*>(top); menu && menu->isVisible()) {
+                    seen << menu->objectName() << menu->accessibleName();
+                    for (const QAction* action : menu->actions())
+                        seen << action->text();
+                    menu->close();
+                    poll.stop();
+                }
+            if (++tries > 400)
+                poll.stop();
+        });
+        poll.start(5);
+        QTest::keySequence(widget, keys);
+        return seen;
     }
 
 private slots:
@@ -391,6 +417,81 @@ private slots:
         QVERIFY(window->isVisible());
     }
 
+    // The registry list's menu: F2, the Menu key and Shift+F10 reach it; a rename or a copy
+    // reloads every list and selects the faction; a refusal is told and changes nothing.
+    void FactionMenuRenamesAndDuplicatesAndEveryListFollows() {
+        LoadProject("P");
+        const std::string registry = ProjectFile("P", "misc/factions.ini");
+        const std::string rates = ProjectFile("P", "emphaty/new/reps_fc_b_grp.facts");
+        TempFolder::Write(registry, "[li_n_grp]\r\ngrp=Liberty\r\n[fc_b_grp]\r\ngrp=fc_b_grp\r\n");
+        TempFolder::Write(rates, "[li_n_grp]\r\nrep=-0.7\r\n");
+        Click("btnnewfactionreload");
+        RunTimer("Timer3");
+        window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        auto* list = Get<QTreeWidget>("lv_newfactions");
+        list->setFocus();
+        list->clearSelection();
+        QTest::keyClick(list, Qt::Key_F2); // nothing selected: nothing asked
+        QVERIFY(dialogs->asked.empty());
+
+        ClickFaction("li_n_grp");
+        dialogs->Answer("li_x_grp");
+        QTest::keyClick(list, Qt::Key_F2);
+        QCOMPARE(dialogs->asked.size(), std::size_t(1));
+        QCOMPARE(dialogs->asked[0].prompt, QString("Neuer Nickname der Fraktion:"));
+        QCOMPARE(dialogs->asked[0].title, QString("Umbenennen"));
+        QCOMPARE(dialogs->asked[0].defaultText, QString("li_n_grp"));
+        QCOMPARE(Factions(), (QStringList{"li_x_grp|Liberty", "fc_b_grp|fc_b_grp"}));
+        QCOMPARE(list->currentItem()->text(0), QString("li_x_grp"));
+        QCOMPARE(Get<QComboBox>("cboInit_group")->itemText(0), QString("li_x_grp"));
+        QCOMPARE(TempFolder::Read(rates), std::string("[li_x_grp]\r\nrep=-0.7\r\n"));
+
+        // The menu by keyboard, named for the faction it acts on.
+        for (const QKeySequence& keys : {QKeySequence(Qt::Key_Menu), QKeySequence("Shift+F10")}) {
+            window->activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(window.get()));
+            list->setFocus();
+            QCOMPARE(MenuOpenedBy(list, keys),
+                     (QStringList{"mnuFaction", "li_x_grp", "Umbenennen...", "Duplizieren..."}));
+        }
+
+        // Duplicate without relations; a cancelled question changes nothing.
+        auto* duplicate = window->findChild<QAction*>("mnuDuplicateFaction");
+        dialogs->Answer("li_d_grp");
+        duplicate->trigger();
+        dialogs->Answer("li_c_grp");
+        dialogs->AnswerQuestion(QMessageBox::No);
+        duplicate->trigger();
+        QCOMPARE(dialogs->questions.size(), std::size_t(2));
+        QVERIFY(dialogs->questions[1].text.startsWith("Sollen die anderen Fraktionen"));
+        QCOMPARE(Factions(),
+                 (QStringList{"li_x_grp|Liberty", "fc_b_grp|fc_b_grp", "li_c_grp|Liberty"}));
+        QCOMPARE(list->currentItem()->text(0), QString("li_c_grp"));
+        QCOMPARE(Get<QComboBox>("cboemphaty_group")->count(), 3);
+        QCOMPARE(TempFolder::Read(rates), std::string("[li_x_grp]\r\nrep=-0.7\r\n"));
+        // With relations the third faction's rate follows.
+        ClickFaction("li_x_grp");
+        dialogs->Answer("li_r_grp");
+        dialogs->AnswerQuestion(QMessageBox::Yes);
+        duplicate->trigger();
+        QCOMPARE(TempFolder::Read(rates),
+                 std::string("[li_x_grp]\r\nrep=-0.7\r\n[li_r_grp]\r\nrep=-0.7\r\n"));
+
+        // A refusal is told, with its reason, and the registry stays.
+        const std::string before = TempFolder::Read(registry);
+        ClickFaction("fc_b_grp");
+        dialogs->Answer("LI_X_GRP");
+        QTest::keyClick(list, Qt::Key_F2);
+        QCOMPARE(dialogs->shown.size(), std::size_t(1));
+        QVERIFY2(dialogs->shown[0].text.contains("registered already"),
+                 qPrintable(dialogs->shown[0].text));
+        QCOMPARE(TempFolder::Read(registry), before);
+
+        Click("VantelButton2"); // English
+        QCOMPARE(window->findChild<QAction*>("mnuRenameFaction")->text(), QString("Rename..."));
+    }
+
     void ProjectFoldersAreListedFromUtf8AndOthersLeftOutAndTold() {
         fs::create_directory((*folder) / "projects/Gr\xC3\xB6\xC3\x9F"
                                          "e"); // made by hand
@@ -487,6 +588,8 @@ private slots:
             }
             case captions::Setting::ColumnCaption: // the main window's table holds none
                 return QString("<column>");
+            case captions::Setting::Question:
+                return widget->property("question").toString();
             case captions::Setting::Caption:
                 if (auto* button = qobject_cast<VantelButton*>(widget))
                     return button->Caption();
@@ -511,6 +614,21 @@ private slots:
                      window->findChildren<QWidget*>(QString::fromLatin1(row.control)))
                     if (widget->window() == window.get())
                         widgets << widget;
+                // A row of a menu's action: its text, tool tip or question.
+                const auto actions =
+                    window->findChildren<QAction*>(QString::fromLatin1(row.control));
+                if (widgets.isEmpty() && actions.size() == 1) {
+                    const QAction* action = actions.front();
+                    const QString shown = row.what == captions::Setting::Caption ? action->text()
+                                          : row.what == captions::Setting::ToolTipText
+                                              ? action->toolTip()
+                                              : action->property("question").toString();
+                    QCOMPARE(shown, QString::fromUtf8(language == captions::Language::German
+                                                          ? row.german
+                                                          : row.english));
+                    ++checked;
+                    continue;
+                }
                 QVERIFY2(widgets.size() == 1, row.control);
                 for (QWidget* widget : widgets) {
                     // The texts written out above; a row they do not list is only checked

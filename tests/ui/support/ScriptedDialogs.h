@@ -20,6 +20,8 @@ public:
 
     // Queue the next answers of InputBox; "" stands for Cancel.
     void Answer(const QString& text) { answers_.push_back(text); }
+    // Queue the next answers of Question; none left stands for Cancel.
+    void AnswerQuestion(QMessageBox::StandardButton button) { buttons_.push_back(button); }
 
     QString InputBox(const QString& prompt, const QString& title,
                      const QString& defaultText) override {
@@ -34,9 +36,20 @@ public:
         shown.push_back({icon, title, text});
     }
 
+    QMessageBox::StandardButton Question(const QString& title, const QString& text) override {
+        questions.push_back({QMessageBox::Question, title, text});
+        if (buttons_.empty())
+            return QMessageBox::Cancel;
+        const auto button = buttons_.front();
+        buttons_.pop_front();
+        return button;
+    }
+
     std::vector<Shown> shown;
     std::vector<Asked> asked;
+    std::vector<Shown> questions;
 
 private:
     std::deque<QString> answers_;
+    std::deque<QMessageBox::StandardButton> buttons_;
 };
