@@ -64,9 +64,17 @@ private slots:
     }
 
     void reputationEditStoresEntryAndMirrorWhenForced() {
+        DoubleClick(0); // no faction chosen: not asked
         TempFolder::Write(DataPath(),
                           "[li_police]\r\nids_name=1\r\nids_short_name=2\r\nids_info=3\r\n");
         Choose(0);
+        const std::string chosen = Data();
+        lv()->clearSelection();
+        QMetaObject::invokeMethod(page.get(), "lv_Init_DblClick"); // no row: not asked
+        dialogs->Answer(""); // cancelled and confirmed empty both give ""
+        DoubleClick(1);
+        QCOMPARE(dialogs->asked.size(), std::size_t(1));
+        QCOMPARE(Data(), chosen);
         dialogs->Answer("0.5");
         DoubleClick(1);
         dialogs->Answer("1");
@@ -86,22 +94,6 @@ private slots:
         QCOMPARE(Rep(1), QString("-0.3"));
         for (const auto& asked : dialogs->asked) // always "0.0", not the current value
             QCOMPARE(asked.defaultText, QString("0.0"));
-    }
-
-    void declinedOrUnaddressedEditChangesNothing() {
-        DoubleClick(0); // no faction chosen
-        const std::string before = "[li_police]\r\nrh_grp=0.2\r\n";
-        TempFolder::Write(DataPath(), before);
-        Choose(0);
-        const std::string chosen = Data();
-        lv()->clearSelection();
-        QMetaObject::invokeMethod(page.get(), "lv_Init_DblClick"); // no row selected
-        QVERIFY(dialogs->asked.empty());
-        dialogs->Answer(""); // cancelled and confirmed empty both give ""
-        DoubleClick(1);
-        QCOMPARE(dialogs->asked.size(), std::size_t(1));
-        QCOMPARE(Rep(1), QString("0.2"));
-        QCOMPARE(Data(), chosen);
     }
 
     void failedWriteIsShownNamingTheFile() {
