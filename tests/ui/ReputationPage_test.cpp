@@ -83,33 +83,22 @@ private slots:
         QCOMPARE(File("emphaty/new/grp.ini"), std::string("[B]\r\no_d=-0.25x\r\nr_m_s=0.0\r\n"));
     }
 
-    void inputBoxCancelEmptyAndNoSelectionChangeNothing() {
-        Select(1);
-        DoubleClick(); // no faction chosen
-        QVERIFY(dialogs->asked.empty());
-
-        Choose(0);
-        List()->clearSelection();
-        DoubleClick(); // no row selected
-        QVERIFY(dialogs->asked.empty());
-
-        Select(1);
-        DoubleClick(); // cancelled
-        dialogs->Answer("");
-        DoubleClick(); // confirmed empty
-        QCOMPARE(dialogs->asked.size(), std::size_t(2));
-        QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("0.0"));
-        QVERIFY(!Exists("emphaty/new/reps_A.facts"));
-        QVERIFY(!Exists("emphaty/new/reps_B.facts"));
-    }
-
     void editStoresTheColumnAndTheMirrorAndRechoosingShowsIt() {
         TempFolder::Write(*folder / "projects/Mod/emphaty/new/reps_B.facts", "[A]\r\nrep=0.7\r\n");
         auto* force = page->findChild<QCheckBox*>("chkForceREP");
         QVERIFY(force->isChecked());
         force->setChecked(false);
-        Choose(0);
         Select(1);
+        DoubleClick(); // no faction chosen: not asked
+        Choose(0);
+        List()->clearSelection();
+        DoubleClick(); // no row selected: not asked
+        Select(1);
+        DoubleClick(); // cancelled
+        dialogs->Answer("");
+        DoubleClick(); // confirmed empty
+        QCOMPARE(dialogs->asked.size(), std::size_t(2));
+        QVERIFY(!Exists("emphaty/new/reps_A.facts"));
         dialogs->Answer("0.4");
         DoubleClick();
         QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("0.4"));

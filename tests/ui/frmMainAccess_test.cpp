@@ -12,7 +12,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTest>
-#include <QTimer>
 
 class frmMainAccessTest : public QObject, protected MainWindowFixture {
     Q_OBJECT
@@ -60,15 +59,10 @@ private slots:
     }
     void cleanup() { CloseWindow(); }
 
-    void TabReachesEveryImageButtonInOrderAndSpaceClicksIt() {
+    void TabReachesEveryImageButtonInOrder() {
         QCOMPARE(TabOrder(),
                  QStringList({"VantelButton1", "VantelButton2", "VantelButton3", "VantelButton7",
                               "VantelButton4", "VantelButton6", "VantelButton5"}));
-        auto* newProject = Get<VantelButton>("VantelButton7");
-        newProject->setFocus();
-        QVERIFY(newProject->findChild<QWidget*>("focusMark")->isVisible());
-        QTest::keyClick(newProject, Qt::Key_Space);
-        QVERIFY(Get<QTimer>("Timer1")->isActive()); // the name box opens
 
         // On the registry panel, its buttons row by row.
         LoadProject("P");
