@@ -1,5 +1,6 @@
-// The matrix page against real project folders: what it shows, and that its edits leave on
-// disk exactly what the one-faction pages' edits leave.
+// The matrix page against real project folders: what it shows, that its edits leave on disk
+// exactly what the one-faction pages' edits leave, and that an edit shows at once what a
+// reload would show, the mirrored cell included.
 #include "core/modFunctions.h"
 #include "support/FullDisk.h"
 #include "support/PageFixture.h"
@@ -16,6 +17,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QSignalSpy>
 #include <QTableView>
 #include <QTest>
 #include <QTextEdit>
@@ -64,6 +66,24 @@ private:
     MatrixModel* Model() { return qobject_cast<MatrixModel*>(Grid()->model()); }
     QString Cell(int row, int column) {
         return Model()->data(Model()->index(row, column), Qt::DisplayRole).toString();
+    }
+    // Every cell as shown, row by row.
+    QStringList Cells() {
+        QStringList cells;
+        for (int r = 0; r < Model()->rowCount(); ++r)
+            for (int c = 0; c < Model()->columnCount(); ++c)
+                cells << Cell(r, c);
+        return cells;
+    }
+    // Whether the view was told to repaint the cell.
+    static bool Covers(const QSignalSpy& changes, int row, int column) {
+        for (const QList<QVariant>& change : changes) {
+            const auto from = change[0].toModelIndex(), to = change[1].toModelIndex();
+            if (from.row() <= row && row <= to.row() && from.column() <= column &&
+                column <= to.column())
+                return true;
+        }
+        return false;
     }
     QStringList Heads() {
         QStringList heads;
@@ -162,10 +182,18 @@ private slots:
             Get<QRadioButton>(edit.initialWorld ? "optMatrixInitialworld" : "optMatrixEmphaty")
                 ->click();
             Get<QCheckBox>("chkMatrixForceRep")->setChecked(edit.mirror);
+            page->Reload(); // the stores as the page left them
             dialogs->Answer(edit.value);
+            QSignalSpy repainted(Model(), &QAbstractItemModel::dataChanged);
             emit Grid()->doubleClicked(Model()->index(edit.g, edit.s));
 
+            // Shown at once as a reload shows it, the mirrored cell too, and both repainted.
             QCOMPARE(Cell(edit.g, edit.s), QString(edit.value));
+            QVERIFY(Covers(repainted, edit.g, edit.s));
+            QVERIFY(!edit.mirror || Covers(repainted, edit.s, edit.g));
+            const QStringList shown = Cells();
+            page->Reload();
+            QCOMPARE(Cells(), shown);
             QCOMPARE(Stores("Grid"), Stores("Page"));
             const auto box = [](const ScriptedDialogs::Asked& a) {
                 return a.prompt + "|" + a.title + "|" + a.defaultText;
