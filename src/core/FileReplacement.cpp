@@ -129,6 +129,21 @@ std::string BackupOf(const std::string& temporary) {
 
 } // namespace
 
+namespace {
+std::atomic<WriteWitness*>& Witness() {
+    static std::atomic<WriteWitness*> witness{nullptr};
+    return witness;
+}
+} // namespace
+
+void SetWriteWitness(WriteWitness* witness) {
+    Witness() = witness;
+}
+
+WriteWitness* CurrentWriteWitness() {
+    return Witness().load(std::memory_order_relaxed);
+}
+
 ssize_t FileCalls::Write(int fd, const char* data, std::size_t size) {
     return ::write(fd, data, size);
 }
@@ -294,6 +309,17 @@ void StagedReplacement::StageAll(const std::vector<Staging>& files) {
             std::rethrow_exception(failure);
 }
 
+void StagedReplacement::StageRemoval(const std::string& hostPath) {
+    const Folder& folder = FolderFor(hostPath);
+    if (folder.dir.fd < 0)
+        return; // no folder, no file
+    static std::atomic<unsigned> counter{0};
+    staged_.push_back(
+        Staged{hostPath, folder.dir.fd, hostPath.substr(hostPath.rfind('/') + 1),
+               std::string(TemporaryPrefix) + ProcessTag() + "-gone-" + std::to_string(counter++),
+               true, Placed::No, true});
+}
+
 void StagedReplacement::StageIn(const Folder& folder, const std::string& hostPath,
                                 const Pieces& pieces, Presence presence,
                                 std::optional<mode_t>& newFileMode, std::optional<Staged>& staged) {
@@ -329,6 +355,14 @@ void StagedReplacement::Place(Staged& item) {
     const int dir = item.dir;
     const char* from = item.temporary.c_str();
     const char* to = item.name.c_str();
+    if (item.removal) {
+        // Moved aside, not deleted: a failure later on puts it back.
+        if (calls_.Rename(dir, to, from, 0) == 0)
+            item.placed = Placed::Removed;
+        else if (errno != ENOENT)
+            throw FileError(item.target, SystemReason(errno));
+        return;
+    }
     if (staged_.size() == 1) {
         // A file replaced alone needs no way back: a plain rename puts it in place.
         if (calls_.Rename(dir, from, to, 0) != 0)
@@ -388,6 +422,9 @@ void StagedReplacement::Restore(Staged& item) noexcept {
     switch (item.placed) {
     case Placed::No:
         return;
+    case Placed::Removed:
+        restored = calls_.Rename(item.dir, item.temporary.c_str(), item.name.c_str(), 0) == 0;
+        break;
     case Placed::AsNew:
         restored = ::unlinkat(item.dir, item.name.c_str(), 0) == 0;
         break;
@@ -407,6 +444,9 @@ void StagedReplacement::Restore(Staged& item) noexcept {
 }
 
 void StagedReplacement::Commit() {
+    if (WriteWitness* witness = CurrentWriteWitness())
+        for (const Staged& item : staged_)
+            witness->Changing(item.target);
     if (staged_.size() > 1) {
         // The contents reach the disk before any name changes, so that a crash in the middle
         // of the renames leaves whole files, old or new.
@@ -441,7 +481,7 @@ void StagedReplacement::Commit() {
                 std::rethrow_exception(failure);
     }
     for (const Staged& item : staged_) {
-        if (item.placed == Placed::Exchanged)
+        if (item.placed == Placed::Exchanged || item.placed == Placed::Removed)
             ::unlinkat(item.dir, item.temporary.c_str(), 0); // the old content
         else if (item.placed == Placed::BackedUp)
             ::unlinkat(item.dir, BackupOf(item.temporary).c_str(), 0);

@@ -74,13 +74,16 @@ public:
     // the others are still written (and removed again with the rest), and the failure of the
     // first in the given order is thrown.
     void StageAll(const std::vector<Staging>& files);
+    // The file (a host path) is deleted by Commit along with the replacements, all or nothing;
+    // a file already missing then counts as deleted.
+    void StageRemoval(const std::string& hostPath);
     void Commit(); // throws FileError; a large batch is renamed from two threads
     // Rids the folder of a file of leftover temporaries (once per folder), as staging a file
     // there does; for a batch that looked at a file and found nothing to change.
     void Tidy(const std::string& hostPath);
 
 private:
-    enum class Placed { No, AsNew, Exchanged, BackedUp };
+    enum class Placed { No, AsNew, Exchanged, BackedUp, Removed };
     struct Staged {
         std::string target;    // the host path, for messages
         int dir = -1;          // the target's folder, open
@@ -88,6 +91,7 @@ private:
         std::string temporary; // the temporary file's name in it
         bool existed = false;
         Placed placed = Placed::No;
+        bool removal = false; // the target goes, kept under the temporary name until the end
     };
     // A folder that files are staged in, open once for all of them: names relative to it
     // save the system a walk along the whole path for every file created and renamed.

@@ -75,6 +75,8 @@ bool DeleteFile(std::string_view path) noexcept {
         struct stat st {};
         if (::lstat(host.c_str(), &st) != 0 || S_ISDIR(st.st_mode))
             return false;
+        if (WriteWitness* witness = CurrentWriteWitness())
+            witness->Changing(host);
         return ::unlink(host.c_str()) == 0;
     } catch (...) {
         return false;

@@ -36,6 +36,17 @@ struct Descriptor {
     ~Descriptor();
 };
 
+// Told of each file that is about to be replaced or deleted while its old content is still on
+// disk: a history of edits keeps what the file held. Set by whoever records, for the time it
+// records; the staged commit and the file deletion ask for it. Null when nobody records.
+class WriteWitness {
+public:
+    virtual ~WriteWitness() = default;
+    virtual void Changing(const std::string& hostPath) = 0;
+};
+void SetWriteWitness(WriteWitness* witness);
+WriteWitness* CurrentWriteWitness();
+
 // The folder of the running executable, as the system spells it.
 std::string ExecutableFolder();
 

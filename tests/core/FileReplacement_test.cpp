@@ -139,3 +139,30 @@ TEST(FileReplacement, ReadBytesReadsWholeFilesOfAnySize) {
 }
 
 } // namespace
+
+// Deleting files is part of the same all-or-nothing commit: when a later rename fails, a
+// file moved aside is back; a file already missing counts as deleted.
+TEST(FileReplacement, ARemovalFailingLaterIsPutBack) {
+    TempFolder temp;
+    for (const char* name : {"a.ini", "gone.lst"})
+        TempFolder::Write(temp / name, std::string("old ") + name);
+    const auto before = Snapshot(temp.path());
+    const auto commit = [&](platform::FileCalls& calls) {
+        platform::StagedReplacement replacement(calls);
+        replacement.StageRemoval(temp / "gone.lst");
+        replacement.StageRemoval(temp / "missing.lst");
+        replacement.StageResolved(temp / "a.ini", "new a");
+        replacement.StageResolved(temp / "b.lst", "new b");
+        replacement.Commit();
+    };
+    for (const bool canExchange : {true, false})
+        for (int n = 1; n <= 3; ++n) {
+            FailingCalls calls(FailingCalls::Call::Rename, n, canExchange);
+            EXPECT_ANY_THROW(commit(calls)) << n;
+            EXPECT_EQ(Snapshot(temp.path()), before) << n << " " << canExchange;
+        }
+    FailingCalls never(FailingCalls::Call::Rename, 0);
+    commit(never);
+    EXPECT_EQ(Snapshot(temp.path()),
+              (std::map<std::string, std::string>{{"a.ini", "new a"}, {"b.lst", "new b"}}));
+}

@@ -1,0 +1,207 @@
+#include "core/EditHistory.h"
+
+#include "core/platform.h"
+#include "core/txtReadWrite.h"
+
+#include <algorithm>
+
+namespace {
+
+// Folders of a project that the history leaves alone: the log and what a compile derives.
+constexpr std::string_view Unkept[] = {"protocol", "compiled"};
+
+// Sets the witness for its lifetime and takes it away again, even when recording fails.
+class NoWitness {
+public:
+    NoWitness() : saved_(platform::CurrentWriteWitness()) { platform::SetWriteWitness(nullptr); }
+    ~NoWitness() { platform::SetWriteWitness(saved_); }
+    NoWitness(const NoWitness&) = delete;
+    NoWitness& operator=(const NoWitness&) = delete;
+
+private:
+    platform::WriteWitness* saved_;
+};
+
+} // namespace
+
+HistoryRefused::HistoryRefused(std::string file)
+    : std::runtime_error(platform::ForMessage(file) +
+                         " was changed outside this window since then; nothing was changed"),
+      file_(std::move(file)) {}
+
+EditHistory::EditHistory(std::string_view projectFolder, std::size_t limit)
+    : root_(platform::ResolvePath(projectFolder)), limit_(limit) {
+    while (root_.size() > 1 && root_.back() == '/')
+        root_.pop_back();
+    root_ += '/';
+}
+
+EditHistory::~EditHistory() {
+    if (platform::CurrentWriteWitness() == this)
+        platform::SetWriteWitness(nullptr);
+}
+
+bool EditHistory::Kept(const std::string& hostPath) const {
+    if (!hostPath.starts_with(root_))
+        return false;
+    const std::string_view inside = std::string_view(hostPath).substr(root_.size());
+    const auto slash = inside.find('/');
+    if (slash == std::string_view::npos)
+        return true;
+    const std::string folder = platform::FoldedDiskName(inside.substr(0, slash));
+    return std::none_of(std::begin(Unkept), std::end(Unkept), [&](std::string_view unkept) {
+        return folder == platform::FoldedDiskName(unkept);
+    });
+}
+
+void EditHistory::Open(std::string label) {
+    if (depth_++ > 0)
+        return;
+    const std::lock_guard lock(mutex_);
+    label_ = std::move(label);
+    opened_.clear();
+    openedBytes_ = 0;
+    overflow_ = false;
+    platform::SetWriteWitness(this);
+}
+
+void EditHistory::Changing(const std::string& hostPath) {
+    if (!Kept(hostPath))
+        return;
+    const std::lock_guard lock(mutex_);
+    auto [it, first] = opened_.try_emplace(hostPath);
+    if (!first || overflow_)
+        return;
+    try {
+        it->second = platform::ReadBytes(hostPath);
+    } catch (const platform::FileError&) {
+        overflow_ = true; // what it held is unknown: the step cannot be undone
+        return;
+    }
+    openedBytes_ += it->second ? it->second->size() : 0;
+    if (openedBytes_ > limit_)
+        overflow_ = true;
+}
+
+std::size_t EditHistory::BytesOf(const Record& record) {
+    std::size_t bytes = 0;
+    for (const FileState& file : record.files)
+        bytes += (file.before ? file.before->size() : 0) + (file.after ? file.after->size() : 0);
+    return bytes;
+}
+
+EditHistory::Closed EditHistory::Close() {
+    if (depth_ == 0 || --depth_ > 0)
+        return Closed::Nothing;
+    if (platform::CurrentWriteWitness() == this)
+        platform::SetWriteWitness(nullptr);
+    const std::lock_guard lock(mutex_);
+    Record record{std::move(label_), {}, 0};
+    bool unknown = overflow_;
+    for (auto& [path, before] : opened_) {
+        Contents after;
+        try {
+            after = platform::ReadBytes(path);
+        } catch (const platform::FileError&) {
+            unknown = true;
+        }
+        if (!unknown && after != before)
+            record.files.push_back({path, std::move(before), std::move(after)});
+        else if (unknown)
+            record.files.push_back({path, {}, {}});
+    }
+    opened_.clear();
+    if (record.files.empty())
+        return Closed::Nothing;
+    record.bytes = BytesOf(record);
+    if (unknown || record.bytes > limit_) {
+        Clear();
+        return Closed::NotUndoable;
+    }
+    redo_.clear();
+    held_ = record.bytes;
+    for (const Record& kept : undo_)
+        held_ += kept.bytes;
+    undo_.push_back(std::move(record));
+    while (held_ > limit_) {
+        held_ -= undo_.front().bytes;
+        undo_.pop_front();
+        ++dropped_;
+    }
+    return Closed::Recorded;
+}
+
+std::string_view EditHistory::UndoLabel() const {
+    return undo_.empty() ? std::string_view() : undo_.back().label;
+}
+
+std::string_view EditHistory::RedoLabel() const {
+    return redo_.empty() ? std::string_view() : redo_.back().label;
+}
+
+std::vector<std::string> EditHistory::UndoFiles() const {
+    std::vector<std::string> files;
+    if (!undo_.empty())
+        for (const FileState& file : undo_.back().files)
+            files.push_back(file.path);
+    return files;
+}
+
+void EditHistory::Put(const Record& record, Contents FileState::*expected,
+                      Contents FileState::*wanted) {
+    const NoWitness quiet; // putting back is no new step
+    for (const FileState& file : record.files)
+        if (platform::ReadBytes(file.path) != file.*expected)
+            throw HistoryRefused(file.path);
+    platform::StagedReplacement replacement;
+    for (const FileState& file : record.files) {
+        if (const Contents& contents = file.*wanted)
+            replacement.StageResolved(file.path, *contents);
+        else
+            replacement.StageRemoval(file.path);
+    }
+    replacement.Commit();
+    txtReadWrite::ForgetCachedDocuments();
+}
+
+void EditHistory::Undo() {
+    if (undo_.empty() || Recording())
+        return;
+    Put(undo_.back(), &FileState::after, &FileState::before);
+    redo_.push_back(std::move(undo_.back()));
+    undo_.pop_back();
+}
+
+void EditHistory::Redo() {
+    if (redo_.empty() || Recording())
+        return;
+    Put(redo_.back(), &FileState::before, &FileState::after);
+    undo_.push_back(std::move(redo_.back()));
+    redo_.pop_back();
+}
+
+void EditHistory::MergeLast() {
+    if (undo_.size() < 2)
+        return;
+    Record last = std::move(undo_.back());
+    undo_.pop_back();
+    Record& into = undo_.back();
+    held_ -= last.bytes + into.bytes;
+    for (FileState& file : last.files) {
+        const auto same =
+            std::find_if(into.files.begin(), into.files.end(),
+                         [&](const FileState& kept) { return kept.path == file.path; });
+        if (same == into.files.end())
+            into.files.push_back(std::move(file));
+        else
+            same->after = std::move(file.after);
+    }
+    into.bytes = BytesOf(into);
+    held_ += into.bytes;
+}
+
+void EditHistory::Clear() {
+    undo_.clear();
+    redo_.clear();
+    held_ = 0;
+}
