@@ -2,6 +2,7 @@
 // The main window's two languages: one table of rows, applied by a loop. Controls are
 // found by objectName anywhere in the window, the hosted pages included; windows it owns
 // (the import dialog) have one set of captions and are left alone.
+#include <QString>
 #include <span>
 
 class QWidget;
@@ -34,6 +35,25 @@ std::span<const Row> FindingsWindowTable();
 // Sets every row of a table (the main window's unless named) to the language; rows whose
 // control is absent are skipped.
 void Apply(QWidget& window, Language language, std::span<const Row> rows = Table());
+
+// The words of the edit history: what a step is called (%1: the faction or the field) and
+// what the undo and redo buttons say about it.
+enum class StepWord {
+    UndoNamed,     // the undo button's tool tip, %1: the step
+    RedoNamed,     // the redo button's tool tip
+    NothingToUndo, // the tool tips without a step
+    NothingToRedo,
+    SaveFaction,
+    DeleteFaction,
+    ImportFaction,
+    ImportAll,
+    Typing,     // typing into a field
+    Action,     // a click on a button or list, %1: its name
+    UndoFailed, // the first line of a refusal
+    RedoFailed,
+    NotUndoable, // a step too large to keep
+};
+QString Word(StepWord word, Language language);
 
 // The caption of VantelButton2 while the interface is German (it offers the other language).
 inline constexpr const char* OfferEnglish = "Englische Version";
