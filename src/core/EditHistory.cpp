@@ -7,6 +7,16 @@
 
 namespace {
 
+// The stamp of a host path: one look, no lookup without regard to case.
+std::optional<platform::FileStamp> StampOfHost(const std::string& hostPath) {
+    return platform::LookUpFile(hostPath).stamp;
+}
+
+bool Same(const std::shared_ptr<const std::string>& a,
+          const std::shared_ptr<const std::string>& b) {
+    return a == b || (a && b && *a == *b);
+}
+
 // Folders of a project that the history leaves alone: the log and what a compile derives.
 constexpr std::string_view Unkept[] = {"protocol", "compiled"};
 
@@ -34,6 +44,8 @@ EditHistory::EditHistory(std::string_view projectFolder, std::size_t limit)
     while (root_.size() > 1 && root_.back() == '/')
         root_.pop_back();
     root_ += '/';
+    for (const std::string_view folder : Unkept)
+        unkept_.push_back(platform::FoldedDiskName(folder));
 }
 
 EditHistory::~EditHistory() {
@@ -49,9 +61,7 @@ bool EditHistory::Kept(const std::string& hostPath) const {
     if (slash == std::string_view::npos)
         return true;
     const std::string folder = platform::FoldedDiskName(inside.substr(0, slash));
-    return std::none_of(std::begin(Unkept), std::end(Unkept), [&](std::string_view unkept) {
-        return folder == platform::FoldedDiskName(unkept);
-    });
+    return std::find(unkept_.begin(), unkept_.end(), folder) == unkept_.end();
 }
 
 void EditHistory::Open(std::string label) {
@@ -65,6 +75,19 @@ void EditHistory::Open(std::string label) {
     platform::SetWriteWitness(this);
 }
 
+bool EditHistory::Wants(const std::string& hostPath) const {
+    return Kept(hostPath);
+}
+
+EditHistory::Contents EditHistory::Read(const std::string& hostPath) {
+    auto bytes = platform::ReadBytes(hostPath);
+    return bytes ? std::make_shared<const std::string>(std::move(*bytes)) : nullptr;
+}
+
+void EditHistory::Remember(const std::string& hostPath, Contents bytes) {
+    known_[hostPath] = {StampOfHost(hostPath), std::move(bytes)};
+}
+
 void EditHistory::Changing(const std::string& hostPath) {
     if (!Kept(hostPath))
         return;
@@ -72,15 +95,41 @@ void EditHistory::Changing(const std::string& hostPath) {
     auto [it, first] = opened_.try_emplace(hostPath);
     if (!first || overflow_)
         return;
-    try {
-        it->second = platform::ReadBytes(hostPath);
-    } catch (const platform::FileError&) {
-        overflow_ = true; // what it held is unknown: the step cannot be undone
-        return;
+    // A file still as the last step left it need not be read again: the bytes are shared.
+    Contents& before = it->second.before;
+    const auto known = known_.find(hostPath);
+    if (known != known_.end() && known->second.stamp == StampOfHost(hostPath)) {
+        before = known->second.bytes;
+    } else {
+        try {
+            before = Read(hostPath);
+        } catch (const platform::FileError&) {
+            overflow_ = true; // what it held is unknown: the step cannot be undone
+            return;
+        }
     }
-    openedBytes_ += it->second ? it->second->size() : 0;
+    openedBytes_ += before ? before->size() : 0;
     if (openedBytes_ > limit_)
         overflow_ = true;
+}
+
+void EditHistory::Written(const std::string& hostPath, std::optional<std::string> bytes) {
+    const std::lock_guard lock(mutex_);
+    const auto opened = opened_.find(hostPath); // Changing chose the files kept
+    if (opened == opened_.end())
+        return;
+    Opened& file = opened->second;
+    if (overflow_) {
+        known_.erase(hostPath);
+        return;
+    }
+    openedBytes_ -= file.after ? file.after->size() : 0; // written again in the same step
+    file.after = bytes ? std::make_shared<const std::string>(std::move(*bytes)) : nullptr;
+    file.written = true;
+    openedBytes_ += file.after ? file.after->size() : 0;
+    if (openedBytes_ > limit_)
+        overflow_ = true;
+    Remember(hostPath, file.after);
 }
 
 std::size_t EditHistory::BytesOf(const Record& record) {
@@ -98,17 +147,16 @@ EditHistory::Closed EditHistory::Close() {
     const std::lock_guard lock(mutex_);
     Record record{std::move(label_), {}, 0};
     bool unknown = overflow_;
-    for (auto& [path, before] : opened_) {
-        Contents after;
-        try {
-            after = platform::ReadBytes(path);
-        } catch (const platform::FileError&) {
-            unknown = true;
+    for (auto& [path, file] : opened_) {
+        if (!unknown && !file.written) {
+            try {
+                file.after = Read(path);
+            } catch (const platform::FileError&) {
+                unknown = true;
+            }
         }
-        if (!unknown && after != before)
-            record.files.push_back({path, std::move(before), std::move(after)});
-        else if (unknown)
-            record.files.push_back({path, {}, {}});
+        if (unknown || !Same(file.before, file.after))
+            record.files.push_back({path, std::move(file.before), std::move(file.after)});
     }
     opened_.clear();
     if (record.files.empty())
@@ -118,10 +166,10 @@ EditHistory::Closed EditHistory::Close() {
         Clear();
         return Closed::NotUndoable;
     }
+    for (const Record& undone : redo_)
+        held_ -= undone.bytes;
     redo_.clear();
-    held_ = record.bytes;
-    for (const Record& kept : undo_)
-        held_ += kept.bytes;
+    held_ += record.bytes;
     undo_.push_back(std::move(record));
     while (held_ > limit_) {
         held_ -= undo_.front().bytes;
@@ -151,7 +199,7 @@ void EditHistory::Put(const Record& record, Contents FileState::*expected,
                       Contents FileState::*wanted) {
     const NoWitness quiet; // putting back is no new step
     for (const FileState& file : record.files)
-        if (platform::ReadBytes(file.path) != file.*expected)
+        if (!Same(Read(file.path), file.*expected))
             throw HistoryRefused(file.path);
     platform::StagedReplacement replacement;
     for (const FileState& file : record.files) {
@@ -162,6 +210,8 @@ void EditHistory::Put(const Record& record, Contents FileState::*expected,
     }
     replacement.Commit();
     txtReadWrite::ForgetCachedDocuments();
+    for (const FileState& file : record.files)
+        Remember(file.path, file.*wanted);
 }
 
 void EditHistory::Undo() {
@@ -201,6 +251,7 @@ void EditHistory::MergeLast() {
 }
 
 void EditHistory::Clear() {
+    known_.clear();
     undo_.clear();
     redo_.clear();
     held_ = 0;

@@ -6,17 +6,20 @@
 // files back all or nothing, through the same crash-safe staged commit; a file that no longer
 // holds what the step left there (changed by another program) refuses both, and nothing is
 // written. The protocol (a log) and the compiled folder (derived) are not kept.
+#include "core/PathLookup.h"
 #include "core/platformBasics.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -89,14 +92,29 @@ public:
     std::size_t HeldBytes() const { return held_; }
     std::uint64_t DroppedSteps() const { return dropped_; }
 
+    bool Wants(const std::string& hostPath) const override;
     void Changing(const std::string& hostPath) override;
+    void Written(const std::string& hostPath, std::optional<std::string> bytes) override;
 
 private:
-    using Contents = std::optional<std::string>; // nullopt: the file is absent
+    // A file's bytes, shared between the step that left them and the next that changes the
+    // file again; null: the file is absent.
+    using Contents = std::shared_ptr<const std::string>;
     struct FileState {
         std::string path; // host path
         Contents before;
         Contents after;
+    };
+    // What the open step saw of a file: its bytes before, and after once written.
+    struct Opened {
+        Contents before;
+        Contents after;
+        bool written = false;
+    };
+    // A file as the last step (or undo) left it, while its stamp says it still is.
+    struct Known {
+        std::optional<platform::FileStamp> stamp;
+        Contents bytes;
     };
     struct Record {
         std::string label;
@@ -104,16 +122,20 @@ private:
         std::size_t bytes = 0;
     };
     bool Kept(const std::string& hostPath) const;
+    static Contents Read(const std::string& hostPath);
+    void Remember(const std::string& hostPath, Contents bytes);
     static std::size_t BytesOf(const Record& record);
     // Checks that every file holds `expected`, then puts `wanted` in place, all at once.
     void Put(const Record& record, Contents FileState::*expected, Contents FileState::*wanted);
 
-    std::string root_; // the project folder's host path, with a "/" at its end
+    std::string root_;                // the project folder's host path, with a "/" at its end
+    std::vector<std::string> unkept_; // folders below it left alone, folded
     std::size_t limit_;
     int depth_ = 0;
     std::mutex mutex_; // the open step: writes may come from a worker thread
     std::string label_;
-    std::map<std::string, Contents> opened_; // host path -> before, of the open step
+    std::map<std::string, Opened> opened_; // host path -> what the open step saw
+    std::unordered_map<std::string, Known> known_;
     std::size_t openedBytes_ = 0;
     bool overflow_ = false;
     std::deque<Record> undo_;

@@ -317,7 +317,7 @@ void StagedReplacement::StageRemoval(const std::string& hostPath) {
     staged_.push_back(
         Staged{hostPath, folder.dir.fd, hostPath.substr(hostPath.rfind('/') + 1),
                std::string(TemporaryPrefix) + ProcessTag() + "-gone-" + std::to_string(counter++),
-               true, Placed::No, true});
+               true, Placed::No, true, std::nullopt});
 }
 
 void StagedReplacement::StageIn(const Folder& folder, const std::string& hostPath,
@@ -328,10 +328,21 @@ void StagedReplacement::StageIn(const Folder& folder, const std::string& hostPat
                                       ? "the folder does not exist"
                                       : SystemReason(folder.error));
     std::string name = hostPath.substr(hostPath.rfind('/') + 1);
-    Temporary temporary =
-        WriteTemporary(calls_, folder.dir.fd, hostPath, name, pieces, presence, newFileMode);
+    // A history that keeps the file gets a copy of its bytes as they are written.
+    std::optional<std::string> copy;
+    const WriteWitness* witness = CurrentWriteWitness();
+    if (witness && witness->Wants(hostPath))
+        copy.emplace();
+    const Pieces copied = [&](const std::function<void(std::string_view)>& put) {
+        pieces([&](std::string_view piece) {
+            copy->append(piece);
+            put(piece);
+        });
+    };
+    Temporary temporary = WriteTemporary(calls_, folder.dir.fd, hostPath, name,
+                                         copy ? copied : pieces, presence, newFileMode);
     staged.emplace(Staged{hostPath, folder.dir.fd, std::move(name), std::move(temporary.name),
-                          temporary.targetExisted, Placed::No});
+                          temporary.targetExisted, Placed::No, false, std::move(copy)});
 }
 
 const StagedReplacement::Folder& StagedReplacement::FolderFor(const std::string& hostPath) {
@@ -480,6 +491,10 @@ void StagedReplacement::Commit() {
             if (failure)
                 std::rethrow_exception(failure);
     }
+    if (WriteWitness* witness = CurrentWriteWitness())
+        for (Staged& item : staged_)
+            if (item.removal || item.copy)
+                witness->Written(item.target, std::move(item.copy));
     for (const Staged& item : staged_) {
         if (item.placed == Placed::Exchanged || item.placed == Placed::Removed)
             ::unlinkat(item.dir, item.temporary.c_str(), 0); // the old content

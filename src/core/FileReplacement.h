@@ -92,6 +92,7 @@ private:
         bool existed = false;
         Placed placed = Placed::No;
         bool removal = false; // the target goes, kept under the temporary name until the end
+        std::optional<std::string> copy; // the bytes, for a witness that keeps the file
     };
     // A folder that files are staged in, open once for all of them: names relative to it
     // save the system a walk along the whole path for every file created and renamed.

@@ -75,9 +75,14 @@ bool DeleteFile(std::string_view path) noexcept {
         struct stat st {};
         if (::lstat(host.c_str(), &st) != 0 || S_ISDIR(st.st_mode))
             return false;
-        if (WriteWitness* witness = CurrentWriteWitness())
+        WriteWitness* witness = CurrentWriteWitness();
+        if (witness)
             witness->Changing(host);
-        return ::unlink(host.c_str()) == 0;
+        if (::unlink(host.c_str()) != 0)
+            return false;
+        if (witness)
+            witness->Written(host, std::nullopt);
+        return true;
     } catch (...) {
         return false;
     }

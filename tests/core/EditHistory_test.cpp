@@ -235,6 +235,16 @@ TEST_F(History, OnlyTheProjectsFilesWrittenInsideAStepAreKept) {
     EXPECT_EQ(TempFolder::Read(inside), "unrecorded\r\n");
     EXPECT_FALSE(fs::exists(Host() + "/misc/b.lst"));
     EXPECT_EQ(history.RedoLabel(), "outer");
+
+    // A change between two steps is what undoing the second returns to, not what the
+    // first left.
+    ASSERT_EQ(Step(history, [&] { txtReadWrite::WriteIni("s", "k", "1", inside); }),
+              Closed::Recorded);
+    TempFolder::Write(inside, "[s]\r\nk=outside\r\n");
+    ASSERT_EQ(Step(history, [&] { txtReadWrite::WriteIni("s", "k", "2", inside); }),
+              Closed::Recorded);
+    history.Undo();
+    EXPECT_EQ(TempFolder::Read(inside), "[s]\r\nk=outside\r\n");
 }
 
 } // namespace
