@@ -96,6 +96,31 @@ void BM_UndoImportAllOf1000(benchmark::State& state) {
 }
 BENCHMARK(BM_UndoImportAllOf1000)->Unit(benchmark::kMillisecond)->Iterations(1)->Repetitions(5);
 
+// Import all with and without a step open: what recording 6000 new files adds to it.
+void BM_ImportAllOf1000(benchmark::State& state) {
+    static const MemoryScratch scratch;
+    static const bool written = (WriteLibrary(scratch.appDir, 1000), true);
+    (void)written;
+    static int run = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        const std::string project = scratch.CreateProject("I" + std::to_string(run++));
+        EditHistory history(project);
+        state.ResumeTiming();
+        if (state.range(0))
+            history.Open("import all");
+        importer::ImportAllOriginalFactions(scratch.appDir, project);
+        if (state.range(0))
+            history.Close();
+    }
+}
+BENCHMARK(BM_ImportAllOf1000)
+    ->Arg(0)
+    ->Arg(1)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(1)
+    ->Repetitions(5);
+
 // A registry-sized INI file: 1000 sections, about 40 KB; or a single faction's small one.
 std::string Sections(int count) {
     std::string text;

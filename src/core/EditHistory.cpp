@@ -4,12 +4,21 @@
 #include "core/txtReadWrite.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <sys/stat.h>
 
 namespace {
 
-// The stamp of a host path: one look, no lookup without regard to case.
+// The stamp of a host path, spelled as on disk already: one look, and a missing file is not
+// looked for without regard to case (an import creates thousands in one folder).
 std::optional<platform::FileStamp> StampOfHost(const std::string& hostPath) {
-    return platform::LookUpFile(hostPath).stamp;
+    struct stat st {};
+    if (::stat(hostPath.c_str(), &st) != 0 || !S_ISREG(st.st_mode))
+        return std::nullopt;
+    return platform::FileStamp{static_cast<std::uint64_t>(st.st_size),
+                               static_cast<std::int64_t>(st.st_mtim.tv_sec) * 1000000000 +
+                                   st.st_mtim.tv_nsec,
+                               static_cast<std::uint64_t>(st.st_ino)};
 }
 
 bool Same(const std::shared_ptr<const std::string>& a,
@@ -80,6 +89,9 @@ bool EditHistory::Wants(const std::string& hostPath) const {
 }
 
 EditHistory::Contents EditHistory::Read(const std::string& hostPath) {
+    struct stat st {};
+    if (::stat(hostPath.c_str(), &st) != 0 && (errno == ENOENT || errno == ENOTDIR))
+        return nullptr; // absent, without a search for another spelling
     auto bytes = platform::ReadBytes(hostPath);
     return bytes ? std::make_shared<const std::string>(std::move(*bytes)) : nullptr;
 }
