@@ -151,13 +151,13 @@ std::size_t EditHistory::BytesOf(const Record& record) {
     return bytes;
 }
 
-EditHistory::Closed EditHistory::Close() {
+EditHistory::Closed EditHistory::Collect(Record& record) {
     if (depth_ == 0 || --depth_ > 0)
         return Closed::Nothing;
     if (platform::CurrentWriteWitness() == this)
         platform::SetWriteWitness(nullptr);
     const std::lock_guard lock(mutex_);
-    Record record{std::move(label_), {}, 0};
+    record.label = std::move(label_);
     bool unknown = overflow_;
     for (auto& [path, file] : opened_) {
         if (!unknown && !file.written) {
@@ -178,6 +178,14 @@ EditHistory::Closed EditHistory::Close() {
         Clear();
         return Closed::NotUndoable;
     }
+    return Closed::Recorded;
+}
+
+EditHistory::Closed EditHistory::Close() {
+    Record record;
+    const Closed closed = Collect(record);
+    if (closed != Closed::Recorded)
+        return closed;
     for (const Record& undone : redo_)
         held_ -= undone.bytes;
     redo_.clear();
@@ -189,6 +197,30 @@ EditHistory::Closed EditHistory::Close() {
         ++dropped_;
     }
     return Closed::Recorded;
+}
+
+void EditHistory::CloseIntoRestored(bool undone) {
+    Record written;
+    if (Collect(written) != Closed::Recorded)
+        return;
+    if (undone ? redo_.empty() : undo_.empty())
+        return;
+    // The files as the views left them become the state that this undo (or redo) put back.
+    Record& into = undone ? redo_.back() : undo_.back();
+    for (FileState& file : written.files) {
+        const auto same =
+            std::find_if(into.files.begin(), into.files.end(),
+                         [&](const FileState& kept) { return kept.path == file.path; });
+        if (same != into.files.end())
+            (undone ? same->before : same->after) = file.after;
+        else if (undone)
+            into.files.push_back({file.path, file.after, file.before});
+        else
+            into.files.push_back(std::move(file));
+    }
+    held_ -= into.bytes;
+    into.bytes = BytesOf(into);
+    held_ += into.bytes;
 }
 
 std::string_view EditHistory::UndoLabel() const {

@@ -52,6 +52,10 @@ public:
         NotUndoable // done, but larger than the history holds (or unreadable): history emptied
     };
     Closed Close();
+    // Closes a step opened right after an Undo (undone) or a Redo: what it wrote (views
+    // showing the restored files write their defaults back) becomes part of the state put
+    // back, not a step of its own, so that the way back is not refused for it.
+    void CloseIntoRestored(bool undone);
     bool Recording() const { return depth_ > 0; }
 
     // Opens a step for its lifetime.
@@ -122,6 +126,8 @@ private:
         std::size_t bytes = 0;
     };
     bool Kept(const std::string& hostPath) const;
+    // Ends the open step and gathers the files it changed; Recorded when there are some.
+    Closed Collect(Record& record);
     static Contents Read(const std::string& hostPath);
     void Remember(const std::string& hostPath, Contents bytes);
     static std::size_t BytesOf(const Record& record);

@@ -232,7 +232,9 @@ void EditSteps::Undo() {
         return;
     typingIn = nullptr;
     stack->undo();
+    history->Open({});
     emit Restored();
+    history->CloseIntoRestored(true);
 }
 
 void EditSteps::Redo() {
@@ -244,7 +246,9 @@ void EditSteps::Redo() {
         return;
     typingIn = nullptr;
     stack->redo();
+    history->Open({});
     emit Restored();
+    history->CloseIntoRestored(false);
 }
 
 QString EditSteps::UndoTip() const {
