@@ -162,7 +162,20 @@ void ThrowFailures(const std::vector<std::exception_ptr>& failures) {
     }
 }
 
+// The history's witness of writes, when one is set.
+std::atomic<WriteWitness*>& Witness() {
+    static std::atomic<WriteWitness*> witness{nullptr};
+    return witness;
+}
 } // namespace
+
+void SetWriteWitness(WriteWitness* witness) {
+    Witness() = witness;
+}
+
+WriteWitness* CurrentWriteWitness() {
+    return Witness().load(std::memory_order_relaxed);
+}
 
 int FileCalls::Open(int dir, const char* name, int flags, mode_t mode) {
     return ::openat(dir, name, flags, mode);
@@ -384,10 +397,21 @@ void StagedReplacement::StageIn(const Folder& folder, const std::string& hostPat
                                       ? "the folder does not exist"
                                       : SystemReason(folder.error));
     std::string name = hostPath.substr(hostPath.rfind('/') + 1);
-    Temporary temporary =
-        WriteTemporary(calls_, folder.dir.fd, hostPath, name, pieces, presence, newFileMode);
+    // A history that keeps the file gets a copy of its bytes as they are written.
+    std::optional<std::string> copy;
+    const WriteWitness* witness = CurrentWriteWitness();
+    if (witness && witness->Wants(hostPath))
+        copy.emplace();
+    const Pieces copied = [&](const std::function<void(std::string_view)>& put) {
+        pieces([&](std::string_view piece) {
+            copy->append(piece);
+            put(piece);
+        });
+    };
+    Temporary temporary = WriteTemporary(calls_, folder.dir.fd, hostPath, name,
+                                         copy ? copied : pieces, presence, newFileMode);
     staged.emplace(Staged{hostPath, folder.dir.fd, std::move(name), std::move(temporary.name),
-                          temporary.targetExisted, Placed::No});
+                          temporary.targetExisted, Placed::No, false, std::move(copy)});
 }
 
 const StagedReplacement::Folder& StagedReplacement::FolderFor(const std::string& hostPath) {
@@ -511,6 +535,9 @@ void StagedReplacement::Restore(Staged& item) noexcept {
 }
 
 void StagedReplacement::Commit() {
+    if (WriteWitness* witness = CurrentWriteWitness())
+        for (const Staged& item : staged_)
+            witness->Changing(item.target);
     if (staged_.size() > 1) {
         // The contents reach the disk before any name changes, so that a crash in the middle
         // of the renames leaves whole files, old or new.
@@ -542,6 +569,10 @@ void StagedReplacement::Commit() {
             Restore(*item);
         ThrowFailures(failures);
     }
+    if (WriteWitness* witness = CurrentWriteWitness())
+        for (Staged& item : staged_)
+            if (item.removal || item.copy)
+                witness->Written(item.target, std::move(item.copy));
     for (const Staged& item : staged_) {
         if (item.placed == Placed::Exchanged || item.placed == Placed::MovedAside)
             ::unlinkat(item.dir, item.temporary.c_str(), 0); // the old content

@@ -113,6 +113,7 @@ private:
         bool existed = false;
         Placed placed = Placed::No;
         bool removal = false; // temporary: the name the file is moved aside to
+        std::optional<std::string> copy; // the bytes, for a witness that keeps the file
     };
     // A folder that files are staged in, open once for all of them: names relative to it
     // save the system a walk along the whole path for every file created and renamed.

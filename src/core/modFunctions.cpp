@@ -1,6 +1,7 @@
 #include "core/modFunctions.h"
 
 #include "core/ProjectLayout.h"
+#include "core/Trash.h"
 #include "core/names.h"
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
@@ -86,6 +87,15 @@ void DeleteProjectFolder(std::string_view appDir, std::string_view name) {
     if (names::Refusal(name))
         return; // never let a refused name reach outside the projects folder
     platform::DeleteFolderTree(ProjectPath(appDir, name));
+}
+
+bool TrashProjectFolder(std::string_view appDir, std::string_view name) {
+    if (names::Refusal(name))
+        return false;
+    if (platform::MoveToTrash(ProjectPath(appDir, name)))
+        return true;
+    DeleteProjectFolder(appDir, name);
+    return false;
 }
 
 std::string ProtocolEntry(std::string_view text) {

@@ -40,6 +40,9 @@ std::string FindProject(std::string_view appDir, std::string_view name);
 void CreateProjectFolders(std::string_view appDir, std::string_view name);
 // Deletes the project folder with all its contents, ignoring errors.
 void DeleteProjectFolder(std::string_view appDir, std::string_view name);
+// Moves the project folder to the desktop's trash; where there is none, deletes it as
+// DeleteProjectFolder does. True when it went to the trash.
+bool TrashProjectFolder(std::string_view appDir, std::string_view name);
 
 // "<date>    <time>: <text>" + CR LF, date and time from the C library's locale.
 std::string ProtocolEntry(std::string_view text);

@@ -2,6 +2,7 @@
 // What the three parts of the file-system layer share: the error type, the host spelling of
 // a path and the descriptor guard.
 #include <ctime>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -36,6 +37,23 @@ struct Descriptor {
     Descriptor& operator=(const Descriptor&) = delete;
     ~Descriptor();
 };
+
+// Told of each file that is about to be replaced or deleted while its old content is still on
+// disk, and of what it holds afterwards: a history of edits keeps both. Set by whoever records,
+// for the time it records; the staged commit and the file deletion ask for it. Null when
+// nobody records.
+class WriteWitness {
+public:
+    virtual ~WriteWitness() = default;
+    // Whether the witness keeps this file: only then are its new bytes copied for it.
+    // Called from the threads that write a large batch.
+    virtual bool Wants(const std::string& hostPath) const = 0;
+    virtual void Changing(const std::string& hostPath) = 0;
+    // The file is in place with these bytes; nullopt: it was deleted.
+    virtual void Written(const std::string& hostPath, std::optional<std::string> bytes) = 0;
+};
+void SetWriteWitness(WriteWitness* witness);
+WriteWitness* CurrentWriteWitness();
 
 // The folder of the running executable, as the system spells it.
 std::string ExecutableFolder();

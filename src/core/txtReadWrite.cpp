@@ -73,6 +73,11 @@ public:
         entries_.erase(resolved);
     }
 
+    void ForgetAll() {
+        const std::lock_guard lock(mutex_);
+        entries_.clear();
+    }
+
 private:
     struct Entry {
         platform::FileStamp stamp;
@@ -136,6 +141,10 @@ std::shared_ptr<const IniDocument> ReadIniDocument(const std::string& file) {
         static const auto missing = std::make_shared<const IniDocument>();
         return missing;
     }
+}
+
+void ForgetCachedDocuments() {
+    Cache().ForgetAll();
 }
 
 IniDocument ParseIniFile(const std::string& file) {

@@ -42,6 +42,10 @@ std::shared_ptr<const IniDocument> LoadIni(const std::string& file);
 // The same for reading only: an unreadable file reads like a missing one, as ReadIni does.
 std::shared_ptr<const IniDocument> ReadIniDocument(const std::string& file);
 
+// Drops every cached document: files were put back behind the cache's back (an undo), and a
+// stamp alone might not tell.
+void ForgetCachedDocuments();
+
 // The parsed document of a file (empty when missing), read past the cache and not kept
 // there: for the hundreds of small files a compile reads once each, which would otherwise
 // push the large documents out of the cache.

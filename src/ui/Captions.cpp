@@ -24,6 +24,8 @@ constexpr Row Rows[] = {
     {"SSTab1", PageCaption, 0, "Projektmanager", "Projectmanager"},
     {"VantelButton1", Caption, 0, "&Beenden", "&Exit"},
     {"VantelButton2", Caption, 0, "Englische Version", "German Version"},
+    {"btnUndo", Caption, 0, "Rückgängig", "Undo"},
+    {"btnRedo", Caption, 0, "Wiederholen", "Redo"},
     {"lbl_emphaty_object_destruction", ToolTipText, 0, "Wertänderung bei zerstörtem Schiff dieser Fraktion", "Rep-change to this faction if you destroying a ship of them"},
     {"Label3", Caption, 0, "Gruppenname", "Groupname"},
     {"lbl_emphaty_rms", ToolTipText, 0, "Wertänderung bei einer erfolgreich ausgeführten Zufalls-Mission", "Rep-change for a successed random-mission"},
@@ -166,6 +168,32 @@ void Set(QAction* action, const Row& row, const QString& text) {
 }
 
 } // namespace
+
+QString Word(StepWord word, Language language) {
+    struct Words {
+        const char* german;
+        const char* english;
+    };
+    // clang-format off
+    static constexpr Words Table[] = {
+        {"Rückgängig: %1", "Undo: %1"},
+        {"Wiederholen: %1", "Redo: %1"},
+        {"Nichts rückgängig zu machen", "Nothing to undo"},
+        {"Nichts zu wiederholen", "Nothing to redo"},
+        {"Fraktion %1 speichern", "save faction %1"},
+        {"Fraktion %1 löschen", "delete faction %1"},
+        {"Fraktion importieren", "import a faction"},
+        {"alle Fraktionen importieren", "import all factions"},
+        {"Eingabe in %1", "typing in %1"},
+        {"%1", "%1"},
+        {"Rückgängig machen ist nicht möglich.", "Cannot undo."},
+        {"Wiederholen ist nicht möglich.", "Cannot redo."},
+        {"Die Aktion ist ausgeführt, aber zu groß, um rückgängig gemacht zu werden.", "The action is done, but it is too large to be undone."},
+    };
+    // clang-format on
+    const Words& words = Table[static_cast<int>(word)];
+    return QString::fromUtf8(language == Language::German ? words.german : words.english);
+}
 
 std::span<const Row> Table() {
     return Rows;

@@ -47,6 +47,25 @@ inline constexpr Message CouldNotWrite = {"%1 konnte nicht geschrieben werden: %
                                           "Could not write %1: %2"};
 QString Say(const Message& message, Language language);
 
+// The words of the edit history: what a step is called (%1: the faction or the field) and
+// what the undo and redo buttons say about it.
+enum class StepWord {
+    UndoNamed,     // the undo button's tool tip, %1: the step
+    RedoNamed,     // the redo button's tool tip
+    NothingToUndo, // the tool tips without a step
+    NothingToRedo,
+    SaveFaction,
+    DeleteFaction,
+    ImportFaction,
+    ImportAll,
+    Typing,     // typing into a field
+    Action,     // a click on a button or list, %1: its name
+    UndoFailed, // the first line of a refusal
+    RedoFailed,
+    NotUndoable, // a step too large to keep
+};
+QString Word(StepWord word, Language language);
+
 // The caption of VantelButton2 while the interface is German (it offers the other language).
 inline constexpr const char* OfferEnglish = "Englische Version";
 

@@ -186,7 +186,7 @@ void ProjectManagerPanel::VantelButton5_Click() {
     const std::string name = text::ToFile(selected);
     if (name == session.ActiveProject)
         session.ActiveProject.clear();
-    modFunctions::DeleteProjectFolder(session.appDir, name);
+    modFunctions::TrashProjectFolder(session.appDir, name);
     emit ProjectDeleted();
     QCoreApplication::processEvents();
     RefreshProjectList();

@@ -5,6 +5,7 @@
 #include "ui/Captions.h"
 #include "ui/CheckAction.h"
 #include "ui/Dialogs.h"
+#include "ui/EditSteps.h"
 #include "ui/FactionPropsPage.h"
 #include "ui/InitialWorldPage.h"
 #include "ui/MatrixPage.h"
@@ -14,6 +15,7 @@
 #include "ui/ReputationPage.h"
 #include "ui/Session.h"
 #include "ui/SlideAnimation.h"
+#include "ui/Text.h"
 #include "ui/Twips.h"
 #include "ui/VantelButton.h"
 #include "ui/XmlScriptPage.h"
@@ -23,7 +25,9 @@
 #include <QAccessibleWidget>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QHBoxLayout>
+#include <QShortcut>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -73,10 +77,13 @@ frmMain::frmMain(Session& session_, Dialogs& dialogs_, QWidget* parent)
 
     auto* layout = new QVBoxLayout(this);
     BuildTopButtons();
+    BuildHistoryButtons();
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(VantelButton1);
     buttons->addWidget(VantelButton2);
     buttons->addStretch();
+    buttons->addWidget(btnUndo);
+    buttons->addWidget(btnRedo);
     buttons->addWidget(VantelButton3);
     layout->addLayout(buttons);
 
@@ -118,6 +125,55 @@ void frmMain::BuildTopButtons() {
     connect(VantelButton3, &VantelButton::Click, this, &frmMain::VantelButton3_Click);
 }
 
+void frmMain::BuildHistoryButtons() {
+    steps = new EditSteps(
+        session, dialogs, [this] { return ShownLanguage(); }, this);
+    btnUndo = panel::MakeButton(this, "btnUndo");
+    btnRedo = panel::MakeButton(this, "btnRedo");
+    for (VantelButton* button : {btnUndo, btnRedo}) {
+        button->setFixedSize(twips::ToPixels(panel::ButtonWidth),
+                             twips::ToPixels(panel::ButtonHeight));
+        steps->Exempt(button);
+    }
+    connect(btnUndo, &VantelButton::Click, steps, &EditSteps::Undo);
+    connect(btnRedo, &VantelButton::Click, steps, &EditSteps::Redo);
+    // Anywhere in the window; a text field with typing of its own to undo keeps the keys.
+    const auto shortcut = [this](QKeyCombination keys, void (EditSteps::*action)()) {
+        auto* key = new QShortcut(QKeySequence(keys), this);
+        key->setContext(Qt::WindowShortcut);
+        connect(key, &QShortcut::activated, steps, action);
+    };
+    shortcut(Qt::CTRL | Qt::Key_Z, &EditSteps::Undo);
+    shortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Z, &EditSteps::Redo);
+    shortcut(Qt::CTRL | Qt::Key_Y, &EditSteps::Redo);
+    connect(steps, &EditSteps::Changed, this, &frmMain::ShowHistory);
+    connect(steps, &EditSteps::Restored, this, &frmMain::ShowRestoredFiles);
+}
+
+void frmMain::ShowHistory() {
+    btnUndo->setEnabled(steps->CanUndo());
+    btnRedo->setEnabled(steps->CanRedo());
+    btnUndo->setToolTip(steps->UndoTip());
+    btnRedo->setToolTip(steps->RedoTip());
+}
+
+void frmMain::ShowRestoredFiles() {
+    // The faction each page shows, by its picker, chosen again once the lists are refilled.
+    std::vector<std::pair<RegistryView*, std::string>> chosen;
+    for (int page = 0; page < SSTab1->count(); ++page)
+        if (auto* view = dynamic_cast<RegistryView*>(SSTab1->widget(page)))
+            for (const QComboBox* picker : SSTab1->widget(page)->findChildren<QComboBox*>())
+                if (picker->objectName().endsWith(QLatin1String("_group")) &&
+                    !picker->currentText().isEmpty())
+                    chosen.emplace_back(view, text::ToFile(picker->currentText()));
+    const int shown = SSTab1->currentIndex();
+    registryPanel->LoadFactionRegistry();
+    registryPanel->ShowFactionCount();
+    for (const auto& [view, nickname] : chosen)
+        view->ChooseFaction(nickname);
+    SSTab1->setCurrentIndex(shown);
+}
+
 QWidget* frmMain::BuildProjectsPage() {
     auto* page = Named(new QWidget, "ProjectsPage");
     page->setMinimumSize(twips::ToPixels(10200), twips::ToPixels(FrameTop + FrameHeight + 120));
@@ -130,6 +186,10 @@ QWidget* frmMain::BuildProjectsPage() {
     connect(Frame1, &ProjectManagerPanel::ProjectLoaded, this, &frmMain::Frame1_ProjectLoaded);
     connect(Frame1, &ProjectManagerPanel::ProjectDeleted, registryPanel,
             &RegistryPanel::UpdateImportButtons);
+    connect(Frame1, &ProjectManagerPanel::ProjectDeleted, this, [this] {
+        if (session.ActiveProject.empty())
+            steps->StartHistory();
+    });
     return page;
 }
 
@@ -180,6 +240,7 @@ void frmMain::German() {
     captions::Apply(*this, captions::Language::German);
     if (factionPropsPage)
         factionPropsPage->NameListsByTabs();
+    ShowHistory();
 }
 
 void frmMain::English() {
@@ -187,6 +248,7 @@ void frmMain::English() {
     captions::Apply(*this, captions::Language::English);
     if (factionPropsPage)
         factionPropsPage->NameListsByTabs();
+    ShowHistory();
 }
 
 captions::Language frmMain::ShownLanguage() const {
@@ -243,6 +305,7 @@ void frmMain::LoadFactionRegistry() {
 }
 
 void frmMain::Frame1_ProjectLoaded() {
+    steps->StartHistory(); // another project, another history
     registryPanel->LoadFactionRegistry();
     QCoreApplication::processEvents();
     registryPanel->ShowFactionCount();

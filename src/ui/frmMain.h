@@ -15,6 +15,7 @@ namespace check {
 struct Finding;
 }
 class Dialogs;
+class EditSteps;
 class FactionPropsPage;
 class ProjectManagerPanel;
 class RegistryPanel;
@@ -63,6 +64,8 @@ public:
     void ShowFinding(const check::Finding& finding);
     // The registry panel, for what more it is to hold (AddButton).
     RegistryPanel& Registry() const { return *registryPanel; }
+    // The history of the active project's edits, behind btnUndo and btnRedo.
+    EditSteps& Steps() const { return *steps; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -77,6 +80,12 @@ private slots:
 
 private:
     void BuildTopButtons();
+    // btnUndo and btnRedo beside "?", their shortcuts, and what follows an undo or redo.
+    void BuildHistoryButtons();
+    void ShowHistory();
+    // Every page, the registry list and the matrix read the restored files again, keeping
+    // the page and the factions chosen in them.
+    void ShowRestoredFiles();
     QWidget* BuildProjectsPage();
 
     Session& session;
@@ -85,6 +94,9 @@ private:
     VantelButton* VantelButton1;
     VantelButton* VantelButton2;
     VantelButton* VantelButton3;
+    VantelButton* btnUndo;
+    VantelButton* btnRedo;
+    EditSteps* steps;
     QTabWidget* SSTab1;
 
     ProjectManagerPanel* Frame1;

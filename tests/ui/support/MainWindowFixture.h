@@ -15,6 +15,8 @@ protected:
     // A fresh application folder; the test may fill it before OpenWindow.
     void NewFolder() { folder = std::make_unique<TempFolder>(); }
     void OpenWindow() {
+        // A deleted project goes to this folder's trash, not the user's.
+        qputenv("XDG_DATA_HOME", QByteArray::fromStdString((*folder) / "data home"));
         session = std::make_unique<Session>();
         session->appDir = folder->path();
         dialogs = std::make_unique<ScriptedDialogs>();
