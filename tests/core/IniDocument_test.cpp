@@ -2,88 +2,82 @@
 
 #include <gtest/gtest.h>
 
-TEST(IniDocument, ReadsTrimmedValuesIgnoringCaseOfSectionAndKey) {
-    const IniDocument doc("top=1\r\n[Alpha]\r\n Key = some value \r\nother=x\n  [ beta ]  \r\nk=v");
-    EXPECT_EQ(doc.Read("ALPHA", "key", "d"), "some value");
-    EXPECT_EQ(doc.Read("Beta", "K", "d"), "v");
-    EXPECT_EQ(doc.Read("alpha", "missing", " def "), " def "); // the default is not trimmed
-    EXPECT_EQ(doc.Read("", "top", "d"), "d"); // lines before the first section never match
+TEST(IniDocument, ReadsTheFirstTrimmedValueIgnoringCase) {
+    const struct {
+        std::string text;
+        const char *section, *key;
+        std::string expected;
+    } cases[] = {
+        {"top=1\r\n[Alpha]\r\n Key = some value \r\nk=x\n", "ALPHA", "key", "some value"},
+        {"top=1\r\n[Alpha]\r\n", "", "top", " d "}, // before the first section; no trim
+        {"[a]\r\nx=1\n  [ beta ]  \r\nk=v", "Beta", "K", "v"},
+        {"[a]\r\nk=1\r\nk=2\r\n[A]\r\nk=3\r\n", "A", "k", "1"},
+        {"[\xC4rger]\r\n\xD6l=1\r\n", "\xE4rger", "\xF6L", "1"}, // Windows letters' case
+        {"[a]\r\n\"q\"=\"x\"\r\n", "a", "\"q\"", "\"x\""},       // no quote stripping
+        {"[s]\r\nb=a/20&\\b\r\n", "s", "b", "a\r\nb"},
+        // The stored form is cut first; an escape cut in half stays as the bytes that remain.
+        {"[s]\r\nk=" + std::string(300, 'x') + "\r\n", "s", "k", std::string(254, 'x')},
+        {"[s]\r\nk=" + std::string(251, 'y') + "/20&\\\r\n", "s", "k",
+         std::string(251, 'y') + "/20"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(IniDocument(c.text).Read(c.section, c.key, " d "), c.expected) << c.text;
+    }
 }
 
-TEST(IniDocument, WindowsLettersWithACasePairCompareIgnoringCase) {
-    const IniDocument doc("[\xC4rger]\r\n\xD6l=1\r\n");
-    EXPECT_EQ(doc.Read("\xE4rger", "\xF6L", "d"), "1");
-}
-
-TEST(IniDocument, ReadCutsTheStoredFormThenDecodesLineBreaks) {
-    const std::string longValue(300, 'x');
-    const IniDocument doc("[s]\r\nlong=" + longValue + "\r\nbreak=a/20&\\b\r\n");
-    EXPECT_EQ(doc.Read("s", "long", ""), std::string(254, 'x'));
-    EXPECT_EQ(doc.Read("s", "break", ""), "a\r\nb");
-    // An escape cut in half by the limit stays as the bytes that remain.
-    const IniDocument edge("[s]\r\nk=" + std::string(251, 'y') + "/20&\\\r\n");
-    EXPECT_EQ(edge.Read("s", "k", ""), std::string(251, 'y') + "/20");
-}
-
-TEST(IniDocument, DuplicatesActOnTheFirstOccurrence) {
-    IniDocument doc("[a]\r\nk=1\r\nk=2\r\n[A]\r\nk=3\r\n");
-    EXPECT_EQ(doc.Read("a", "k", ""), "1");
-    EXPECT_TRUE(doc.Write("a", "K", "9"));
-    EXPECT_EQ(doc.Bytes(), "[a]\r\nk=9\r\nk=2\r\n[A]\r\nk=3\r\n");
-}
-
-TEST(IniDocument, ReplacingKeepsTheKeysSpellingAndTheLineEnd) {
-    IniDocument doc("[a]\r\n  MyKey  =  old  \nnext=1");
-    EXPECT_TRUE(doc.Write("A", "mykey", "new"));
-    EXPECT_EQ(doc.Bytes(), "[a]\r\nMyKey=new\nnext=1");
-    EXPECT_FALSE(doc.Write("a", "next", "1")); // equal value: nothing changes
-    EXPECT_FALSE(doc.Write("a", "mykey", "new"));
-}
-
-TEST(IniDocument, NewKeyLandsAfterLastNonBlankLineOfItsSection) {
-    IniDocument doc("[a]\r\nx=1\r\n\r\n \t\r\n[b]\r\ny=2\r\n");
-    EXPECT_TRUE(doc.Write("A", "z", "3"));
-    EXPECT_EQ(doc.Bytes(), "[a]\r\nx=1\r\nz=3\r\n\r\n \t\r\n[b]\r\ny=2\r\n");
-    EXPECT_TRUE(doc.Write("b", "w", "4"));
-    EXPECT_EQ(doc.Bytes(), "[a]\r\nx=1\r\nz=3\r\n\r\n \t\r\n[b]\r\ny=2\r\nw=4\r\n");
-    // Indexes after the insertion moved with it.
-    EXPECT_TRUE(doc.Write("a", "v", "5"));
-    EXPECT_TRUE(doc.Write("b", "y", "6"));
-    EXPECT_EQ(doc.Bytes(), "[a]\r\nx=1\r\nz=3\r\nv=5\r\n\r\n \t\r\n[b]\r\ny=6\r\nw=4\r\n");
-}
-
-TEST(IniDocument, InsertingAfterALastLineWithoutLineEndEndsItFirst) {
-    IniDocument doc("[a]\r\nx=1");
-    doc.Write("a", "y", "2");
-    EXPECT_EQ(doc.Bytes(), "[a]\r\nx=1\r\ny=2\r\n");
-}
-
-TEST(IniDocument, NewSectionIsAppendedWithoutABlankLine) {
-    IniDocument empty;
-    empty.Write("s", "k", "v");
-    EXPECT_EQ(empty.Bytes(), "[s]\r\nk=v\r\n");
-
-    IniDocument unterminated("; note");
-    unterminated.Write("s", "k", "v");
-    EXPECT_EQ(unterminated.Bytes(), "; note\r\n[s]\r\nk=v\r\n");
-
-    IniDocument lfEnded("[a]\nx=1\n");
-    lfEnded.Write("b", "k", "v");
-    EXPECT_EQ(lfEnded.Bytes(), "[a]\nx=1\n[b]\r\nk=v\r\n");
-}
-
-TEST(IniDocument, WriteEscapesOnlyTheCrLfPair) {
-    IniDocument doc;
-    doc.Write("s", "k", "one\r\ntwo\nthree\rfour");
-    EXPECT_EQ(doc.Bytes(), "[s]\r\nk=one/20&\\two\nthree\rfour\r\n");
-}
-
-TEST(IniDocument, UntouchedLinesKeepTheirBytes) {
-    const std::string original =
-        "junk before\r\n[a]\r\n; comment\r\nno equals sign\n\"q\"=\"x\"\r\n";
-    IniDocument doc(original);
-    EXPECT_EQ(doc.Bytes(), original);
-    EXPECT_EQ(doc.Read("a", "\"q\"", ""), "\"x\""); // no quote stripping
+// Writes change only the line they target, in the first section and key of the name, and
+// insert without blank lines; every other byte stays as it was.
+TEST(IniDocument, WritesChangeOnlyTheirLine) {
+    struct Write {
+        const char *section, *key, *value;
+        bool changes;
+    };
+    const struct {
+        const char* input;
+        std::vector<Write> writes;
+        const char* expected;
+    } cases[] = {
+        {"[a]\r\nk=1\r\nk=2\r\n[A]\r\nk=3\r\n",
+         {{"a", "K", "9", true}},
+         "[a]\r\nk=9\r\nk=2\r\n[A]\r\nk=3\r\n"},
+        // The key keeps its spelling and its line end; an equal value changes nothing.
+        {"[a]\r\n  MyKey  =  old  \nnext=1",
+         {{"A", "mykey", "new", true}, {"a", "next", "1", false}, {"a", "mykey", "new", false}},
+         "[a]\r\nMyKey=new\nnext=1"},
+        // After the last non-blank line of the section; later indexes move along.
+        {"[a]\r\nx=1\r\n\r\n \t\r\n[b]\r\ny=2\r\n",
+         {{"A", "z", "3", true},
+          {"b", "w", "4", true},
+          {"a", "v", "5", true},
+          {"b", "y", "6", true}},
+         "[a]\r\nx=1\r\nz=3\r\nv=5\r\n\r\n \t\r\n[b]\r\ny=6\r\nw=4\r\n"},
+        {"[a]\r\nx=1", {{"a", "y", "2", true}}, "[a]\r\nx=1\r\ny=2\r\n"},
+        {"", {{"s", "k", "v", true}}, "[s]\r\nk=v\r\n"},
+        {"; note", {{"s", "k", "v", true}}, "; note\r\n[s]\r\nk=v\r\n"},
+        {"[a]\nx=1\n", {{"b", "k", "v", true}}, "[a]\nx=1\n[b]\r\nk=v\r\n"},
+        // Only the CR LF pair is escaped.
+        {"",
+         {{"s", "k", "one\r\ntwo\nthree\rfour", true}},
+         "[s]\r\nk=one/20&\\two\nthree\rfour\r\n"},
+        {"junk\r\n[a]\r\n; c\r\nno equals\n\"q\"=\"x\"\r\n",
+         {{"a", "\"q\"", "\"x\"", false}},
+         "junk\r\n[a]\r\n; c\r\nno equals\n\"q\"=\"x\"\r\n"},
+        // "a]b" adds a section whose header reads as "a": writes to "a" still find the first.
+        {"[a]\r\nx=1\r\n",
+         {{"a]b", "y", "2", true}, {"A", "z", "3", true}, {"a", "x", "4", true}},
+         "[a]\r\nx=4\r\nz=3\r\n[a]b]\r\ny=2\r\n"},
+    };
+    for (const auto& c : cases) {
+        IniDocument doc(c.input);
+        for (const Write& w : c.writes)
+            EXPECT_EQ(doc.Write(w.section, w.key, w.value), w.changes) << c.input << " " << w.key;
+        EXPECT_EQ(doc.Bytes(), c.expected) << c.input;
+        // A fresh parse of the result writes alike.
+        IniDocument fresh(doc.Bytes());
+        fresh.Write("a", "w", "5");
+        doc.Write("a", "w", "5");
+        EXPECT_EQ(doc.Bytes(), fresh.Bytes()) << c.input;
+    }
 }
 
 TEST(IniDocument, SectionsFindTheirKeysAlikeBelowAndAboveTheIndexedSize) {
@@ -161,20 +155,6 @@ TEST(IniDocument, CopiesKeepWrittenLinesApartAndWritable) {
     EXPECT_EQ(doc.Read("s1", "new", "-"), "-");
     EXPECT_EQ(IniDocument(copy.Bytes()).Read("s2", "key2998", ""), std::string(30, 'v'));
     EXPECT_EQ(IniDocument(doc.Bytes()).Bytes(), doc.Bytes());
-}
-
-TEST(IniDocument, WritesInARowFindTheFirstSectionOfTheName) {
-    // "a]b" adds a section whose header reads as "a": later writes to "a" still go to the
-    // first "[a]", as a fresh document's would.
-    IniDocument doc("[a]\r\nx=1\r\n");
-    doc.Write("a]b", "y", "2");
-    doc.Write("A", "z", "3");
-    doc.Write("a", "x", "4");
-    EXPECT_EQ(doc.Bytes(), "[a]\r\nx=4\r\nz=3\r\n[a]b]\r\ny=2\r\n");
-    IniDocument fresh(doc.Bytes());
-    fresh.Write("a", "w", "5");
-    doc.Write("a", "w", "5");
-    EXPECT_EQ(doc.Bytes(), fresh.Bytes());
 }
 
 TEST(IniDocument, ALargeFileIsWrittenInPiecesThatMakeItWhole) {

@@ -19,25 +19,20 @@ protected:
     TempFolder app;
 };
 
-TEST_F(ProjectTest, CreateMakesTheTreeAndRefusesAnExistingProject) {
-    CreateProjectFolders(app.path(), "Alpha");
+TEST_F(ProjectTest, CreateMakesTheTreeAndTheListIsSortedIgnoringCase) {
+    for (const char* name : {"fc_bd_grp", "Beta", "fc_b_grp", "Alpha", "Fc_1"})
+        CreateProjectFolders(app.path(), name);
     for (const char* sub :
          {"emphaty/new", "faction_prop", "initialworld", "XML", "Protocol", "compiled", "misc"})
         EXPECT_TRUE(std::filesystem::is_directory(app / (std::string("projects/Alpha/") + sub)))
             << sub;
     EXPECT_THROW(CreateProjectFolders(app.path(), "Alpha"), platform::FileError);
     EXPECT_THROW(CreateProjectFolders(app.path(), "a/b"), names::NameRefused);
-    EXPECT_EQ(FindProject(app.path(), "ALPHA"), "Alpha");
-    DeleteProjectFolder(app.path(), "Alpha");
-    EXPECT_TRUE(ListProjects(app.path()).empty());
-}
-
-TEST_F(ProjectTest, ProjectListIsSortedIgnoringCase) {
-    for (const char* name : {"fc_bd_grp", "Beta", "fc_b_grp", "alpha", "Fc_1"})
-        CreateProjectFolders(app.path(), name);
     TempFolder::Write(app / "projects/not-a-folder", "x");
+    EXPECT_EQ(FindProject(app.path(), "ALPHA"), "Alpha");
+    DeleteProjectFolder(app.path(), "Beta");
     EXPECT_EQ(ListProjects(app.path()),
-              (std::vector<std::string>{"alpha", "Beta", "Fc_1", "fc_b_grp", "fc_bd_grp"}));
+              (std::vector<std::string>{"Alpha", "Fc_1", "fc_b_grp", "fc_bd_grp"}));
 }
 
 TEST_F(ProjectTest, ProtocolEntriesAreSeparatedByAnEmptyLineAndFindTheProtocolFolder) {

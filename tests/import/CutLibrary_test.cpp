@@ -5,6 +5,7 @@
 #include "import/Import.h"
 #include "initialworld/InitialWorldCompiler.h"
 #include "reputation/EmphatyCompiler.h"
+#include "support/TestProject.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -75,24 +76,10 @@ TEST(CutLibrary, AFailedCutRemovesTheFoldersItMade) {
 // Compile a project, cut a library from the three files, import it all into a new project
 // whose registry then follows the library's order, compile again: the same three files.
 TEST(CutLibrary, RoundTripGivesTheSameCompiledFiles) {
-    LibraryFixture source;
     const std::vector<std::string> factions = {"Ab_grp", "cd_grp", "ef_grp"};
-    const std::string p = source.project();
-    for (const std::string& n : factions) {
-        txtReadWrite::WriteIni(n, "grp", n, p + "\\misc\\factions.ini");
-        txtReadWrite::WriteIni(n, "o_d", "-0.1", p + "\\emphaty\\new\\grp.ini");
-        txtReadWrite::WriteIni(n, "Legality", "unlawful", p + "\\faction_prop\\grp.ini");
-        txtReadWrite::WriteIni(n, "mc_costume", "mc_li", p + "\\faction_prop\\grp.ini");
-        txtReadWrite::WriteIni(n, "rank_desig", "1, 2, 3", p + "\\faction_prop\\grp.ini");
-        txtReadWrite::WriteFileText(p + "\\faction_prop\\Shiplist_" + n + ".lst", "s1\r\ns2\r\n");
-        txtReadWrite::WriteFileText(p + "\\faction_prop\\Formationlist_" + n + ".lst",
-                                    "fighters, fighter_basic\r\n");
-        txtReadWrite::WriteIni(n, "ids_name", "77", p + "\\initialworld\\grp.ini");
-        for (const std::string& other : factions) {
-            txtReadWrite::WriteIni(other, "rep", "0.3", p + "\\emphaty\\new\\reps_" + n + ".facts");
-            txtReadWrite::WriteIni(n, other, "-0.5", p + "\\initialworld\\grp.ini");
-        }
-    }
+    TestProject source;
+    source.Fill(factions);
+    const std::string p = source.Folder();
     CompileAll(p, factions);
 
     LibraryFixture target;
