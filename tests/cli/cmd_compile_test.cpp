@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
+#include <sstream>
 #include <stdexcept>
 
 namespace {
@@ -25,16 +26,12 @@ const GameFile Files[] = {
 
 // The protocol's entries that name a game file, in the order they were written.
 std::vector<std::string> ProtocolLines(const TestProject& project) {
-    const std::string text = project.Read("Protocol/protocol.txt");
-    std::vector<std::pair<std::size_t, std::string>> found;
-    for (const GameFile& file : Files)
-        for (auto at = text.find(file.protocol); at != std::string::npos;
-             at = text.find(file.protocol, at + 1))
-            found.emplace_back(at, file.protocol);
-    std::sort(found.begin(), found.end());
     std::vector<std::string> lines;
-    for (auto& [at, line] : found)
-        lines.push_back(line);
+    std::istringstream text(project.Read("Protocol/protocol.txt"));
+    for (std::string line; std::getline(text, line);)
+        for (const GameFile& file : Files)
+            if (line.find(file.protocol) != std::string::npos)
+                lines.push_back(file.protocol);
     return lines;
 }
 
