@@ -83,14 +83,14 @@ TEST(CutLibrary, RoundTripGivesTheSameCompiledFiles) {
     CompileAll(p, factions);
 
     LibraryFixture target;
-    const auto cut = CutLibrary(target.app() + "/data",
+    const auto cut = CutLibrary(target.app.path() + "/data",
                                 {p + "\\compiled\\emphaty.ini", p + "\\compiled\\faction_prop.ini",
                                  p + "\\compiled\\initialworld.ini"});
     EXPECT_EQ(cut.reputation, factions);
-    const auto result = ImportAllOriginalFactions(target.app(), target.project());
+    const auto result = ImportAllOriginalFactions(target.app.path(), target.Folder());
     EXPECT_EQ(result.imported, factions);
     EXPECT_TRUE(result.refused.empty());
-    CompileAll(target.project(), factions);
+    CompileAll(target.Folder(), factions);
     for (const char* name : {"emphaty.ini", "faction_prop.ini", "initialworld.ini"})
-        EXPECT_EQ(Compiled(target.project(), name), Compiled(p, name)) << name;
+        EXPECT_EQ(Compiled(target.Folder(), name), Compiled(p, name)) << name;
 }

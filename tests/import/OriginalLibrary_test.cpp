@@ -15,6 +15,15 @@ std::string Lines(std::initializer_list<std::string_view> lines) {
     return text;
 }
 
+// Pairs as "first=second;" in their order.
+template <class Entries, class First, class Second>
+std::string Pairs(const Entries& entries, First first, Second second) {
+    std::string text;
+    for (const auto& entry : entries)
+        text += entry.*first + "=" + entry.*second + ";";
+    return text;
+}
+
 } // namespace
 
 TEST(ReadOriginalReputation, ReadsEventAndEmpathyLinesByPositionAndCase) {
@@ -29,18 +38,11 @@ TEST(ReadOriginalReputation, ReadsEventAndEmpathyLinesByPositionAndCase) {
                "emphaty_rate = li_p_grp, 0.3", "emphaty_rate = gd_z_grp, "}),
         "entry");
     EXPECT_EQ(reputation.group, "[Error]");
-    ASSERT_EQ(reputation.events.size(), 4u);
-    EXPECT_EQ(reputation.events[0].name, "object_destruction");
-    EXPECT_EQ(reputation.events[0].value, "-0.1");
-    EXPECT_EQ(reputation.events[1].name, "bogus");
-    EXPECT_EQ(reputation.events[2].value, "-0.2");
-    EXPECT_EQ(reputation.events[3].name, "andom_mission_failure");
-    ASSERT_EQ(reputation.empathy.size(), 4u);
-    EXPECT_EQ(reputation.empathy[0].nickname, "li_p_grp");
-    EXPECT_EQ(reputation.empathy[0].value, "0.25");
-    EXPECT_EQ(reputation.empathy[1].value, ".5");
-    EXPECT_EQ(reputation.empathy[2].nickname, "li_p_grp"); // the same nickname twice: both kept
-    EXPECT_EQ(reputation.empathy[3].value, "");            // ", " with nothing after: empty
+    // The same event or nickname twice: both are kept; ", " with nothing after: empty.
+    EXPECT_EQ(Pairs(reputation.events, &EventEntry::name, &EventEntry::value),
+              "object_destruction=-0.1;bogus=1;object_destruction=-0.2;andom_mission_failure=0.3;");
+    EXPECT_EQ(Pairs(reputation.empathy, &EmpathyEntry::nickname, &EmpathyEntry::value),
+              "li_p_grp=0.25;br_n_grp=.5;li_p_grp=0.3;gd_z_grp=;");
 }
 
 TEST(ReadOriginalReputation, ReadsTheGroupAsAnIniValueAndOnlySixtyLines) {
@@ -79,13 +81,9 @@ TEST(ReadOriginalInitialWorld, ValueComesBeforeTheNickname) {
         Lines({"[Group]", "nickname = x_grp", "ids_name = 1", "ids_short_name = 3",
                "rep = 0.5, li_n_grp", "rep = -0.2,br_n_grp", " rep = 9, skipped"}),
         "entry");
-    EXPECT_EQ(world.idsName, "1");
-    EXPECT_EQ(world.idsInfo, "");
-    EXPECT_EQ(world.idsShortName, "3");
-    ASSERT_EQ(world.reputations.size(), 2u);
-    EXPECT_EQ(world.reputations[0].value, "0.5");
-    EXPECT_EQ(world.reputations[0].nickname, "li_n_grp");
-    EXPECT_EQ(world.reputations[1].nickname, "r_n_grp");
+    EXPECT_EQ(world.idsName + world.idsInfo + world.idsShortName, "13");
+    EXPECT_EQ(Pairs(world.reputations, &StartingReputation::nickname, &StartingReputation::value),
+              "li_n_grp=0.5;r_n_grp=-0.2;");
 }
 
 TEST(OriginalLibraryValidation, MalformedRecognisedLinesAreNamedByLine) {
