@@ -99,18 +99,3 @@ TEST(Transaction, WritesEveryFileOnceAndMatchesCallByCallWrites) {
     EXPECT_EQ(TempFolder::Read(b), TempFolder::Read(a));
     EXPECT_EQ(TempFolder::Read(dir / "list.lst"), "e1\r\ne2\r\n\r\n");
 }
-
-TEST(Transaction, AFailingFileLeavesEveryFileUnchanged) {
-    TempFolder dir;
-    const std::string good = dir / "good.ini";
-    TempFolder::Write(good, "[a]\r\nk=1\r\n");
-    {
-        Transaction tx;
-        tx.WriteIni("a", "k", "2", good);
-        tx.WriteIni("a", "k", "2", dir / "missing/bad.ini");
-        EXPECT_THROW(tx.Commit(), IniWriteError);
-    }
-    EXPECT_EQ(TempFolder::Read(good), "[a]\r\nk=1\r\n");
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), {}),
-              1); // no temporaries left
-}

@@ -2,8 +2,6 @@
 // A project whose application folder has a library, for the import tests.
 #include "support/TestProject.h"
 
-#include <map>
-
 class LibraryFixture : public TestProject {
 public:
     LibraryFixture() {
@@ -21,15 +19,5 @@ public:
         Library("emphaty", name, reputation);
         Library("faction_prop", name, props);
         Library("initialworld", name, world);
-    }
-    // Every file of the project: path below the project folder -> bytes.
-    std::map<std::string, std::string> Snapshot() const {
-        std::map<std::string, std::string> files;
-        const std::string root = app / "projects/P";
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(root))
-            if (entry.is_regular_file())
-                files[entry.path().string().substr(root.size())] =
-                    TempFolder::Read(entry.path().string());
-        return files;
     }
 };

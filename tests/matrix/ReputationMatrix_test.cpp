@@ -12,14 +12,13 @@ class ReputationMatrixTest : public ::testing::Test {
 protected:
     ReputationMatrixTest() {
         // A: its own row, a section in another letter case, an out-of-range and a word.
-        Write("emphaty/new/reps_A.facts", "[A]\r\nrep=1.5\r\n[b]\r\nrep=-0.5\r\n[K\xE4"
-                                          "fer]\r\nrep=friendly\r\n");
-        // B: an escaped line break, a blank value; K\xE4fer has no file at all.
-        Write("emphaty/new/reps_B.facts", "[A]\r\nrep=  0.3 \r\n[B]\r\nrep=\r\n[K\xE4"
-                                          "fer]\r\nrep=a/20&\\b\r\n");
+        Write("emphaty/new/reps_A.facts",
+              "[A]\r\nrep=1.5\r\n[b]\r\nrep=-0.5\r\n[\xC4]\r\nrep=friendly\r\n");
+        // B: an escaped line break, a blank value; \xC4 has no file at all.
+        Write("emphaty/new/reps_B.facts",
+              "[A]\r\nrep=  0.3 \r\n[B]\r\nrep=\r\n[\xC4]\r\nrep=a/20&\\b\r\n");
         Write("initialworld/grp.ini", "[A]\r\nids_name=1\r\nB=0.9\r\n[B]\r\nA=-1\r\nb=+.5\r\n"
-                                      "[K\xE4"
-                                      "fer]\r\nA=1,0\r\n");
+                                      "[\xC4]\r\nA=1,0\r\n");
     }
     void Write(const std::string& piece, std::string_view bytes) { project.Write(piece, bytes); }
     std::string Read(const std::string& piece) { return project.Read(piece); }
@@ -34,9 +33,7 @@ protected:
 
     TestProject project{"Mod"};
     const std::string folder = project.Folder();
-    const std::vector<std::string> factions = {"A", "B",
-                                               "K\xE4"
-                                               "fer"};
+    const std::vector<std::string> factions = {"A", "B", "\xC4"};
 };
 
 TEST_F(ReputationMatrixTest, CellsAreWhatAReadOfEachStoreReturns) {
@@ -78,13 +75,11 @@ TEST_F(ReputationMatrixTest, EditsLeaveTheMatrixAsAFreshLoadReadsIt) {
     }
     // The reputation page stores its whole column: missing rates as "0.0". Names on disk are
     // UTF-8.
-    EXPECT_EQ(Read("emphaty/new/reps_K\xC3\xA4"
-                   "fer.facts"),
-              "[A]\r\nrep= -0.25\r\n[B]\r\nrep=0.0\r\n[K\xE4"
-              "fer]\r\nrep=0.0\r\n");
-    EXPECT_EQ(Read("initialworld/grp.ini"), "[A]\r\nids_name=1\r\nB=0.7\r\nK\xE4"
-                                            "fer= -0.25\r\n[B]\r\nA=-1\r\nb=x\r\n[K\xE4"
-                                            "fer]\r\nA= -0.25\r\n");
+    EXPECT_EQ(Read("emphaty/new/reps_\xC3\x84.facts"),
+              "[A]\r\nrep= -0.25\r\n[B]\r\nrep=0.0\r\n[\xC4]\r\nrep=0.0\r\n");
+    EXPECT_EQ(Read("initialworld/grp.ini"),
+              "[A]\r\nids_name=1\r\nB=0.7\r\n\xC4= -0.25\r\n[B]\r\nA=-1\r\nb=x\r\n[\xC4]\r\nA= "
+              "-0.25\r\n");
 }
 
 TEST(ReputationMatrix, AsymmetryComparesNumbersByValueAndTheRestAsText) {
@@ -117,16 +112,12 @@ TEST(ReputationMatrix, FilterNarrowsByGroupAndNicknameTextIgnoringCase) {
 
 TEST_F(ReputationMatrixTest, CsvAndTabsHoldTheValuesAsReadInUtf8) {
     const auto rates = matrix::Load(Store::Emphaty, folder, factions);
-    EXPECT_EQ(matrix::Formatted(rates, {0, 1, 2}, matrix::Format::Csv), ",A,B,K\xC3\xA4"
-                                                                        "fer\r\n"
+    EXPECT_EQ(matrix::Formatted(rates, {0, 1, 2}, matrix::Format::Csv), ",A,B,\xC3\x84\r\n"
                                                                         "A,1.5,-0.5,friendly\r\n"
                                                                         "B,0.3,,\"a\r\nb\"\r\n"
-                                                                        "K\xC3\xA4"
-                                                                        "fer,,,\r\n");
-    EXPECT_EQ(matrix::Formatted(rates, {2, 1}, matrix::Format::Tabs), "\tK\xC3\xA4"
-                                                                      "fer\tB\n"
-                                                                      "K\xC3\xA4"
-                                                                      "fer\t\t\n"
+                                                                        "\xC3\x84,,,\r\n");
+    EXPECT_EQ(matrix::Formatted(rates, {2, 1}, matrix::Format::Tabs), "\t\xC3\x84\tB\n"
+                                                                      "\xC3\x84\t\t\n"
                                                                       "B\ta/20&\\b\t\n");
     matrix::Matrix quoted({"A"});
     quoted.Set(0, 0, "say \"hi\", then");
