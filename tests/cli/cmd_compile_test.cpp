@@ -83,26 +83,29 @@ TEST(CompileCommand, OnlyTheFilesWrittenGetProtocolLinesInTheUsualOrderAndEveryF
 }
 
 TEST(RunTogether, EveryJobRunsToItsEndAndEachFailureStaysWithItsJob) {
-    const std::vector<bool> fails = {false, true, false, true};
-    std::vector<int> ran(fails.size(), 0);
-    std::vector<std::function<void()>> jobs;
-    for (std::size_t i = 0; i < fails.size(); ++i)
-        jobs.emplace_back([&, i] {
-            ran[i] = 1;
+    // Failures on this thread and on the others, first and last.
+    for (const std::vector<bool>& fails :
+         std::vector<std::vector<bool>>{{}, {true, false, true}, {false, true, false, true}}) {
+        std::vector<int> ran(fails.size(), 0);
+        std::vector<std::function<void()>> jobs;
+        for (std::size_t i = 0; i < fails.size(); ++i)
+            jobs.emplace_back([&, i] {
+                ran[i] = 1;
+                if (fails[i])
+                    throw std::runtime_error("job " + std::to_string(i));
+            });
+        const auto failures = together::Run(jobs);
+        ASSERT_EQ(failures.size(), fails.size());
+        for (std::size_t i = 0; i < fails.size(); ++i) {
+            EXPECT_EQ(ran[i], 1) << i;
+            ASSERT_EQ(failures[i] != nullptr, fails[i]) << i;
             if (fails[i])
-                throw std::runtime_error("job " + std::to_string(i));
-        });
-    const auto failures = together::Run(jobs);
-    ASSERT_EQ(failures.size(), fails.size());
-    for (std::size_t i = 0; i < fails.size(); ++i) {
-        EXPECT_EQ(ran[i], 1) << i;
-        ASSERT_EQ(failures[i] != nullptr, fails[i]) << i;
-        if (fails[i])
-            try {
-                std::rethrow_exception(failures[i]);
-            } catch (const std::runtime_error& e) {
-                EXPECT_EQ(std::string(e.what()), "job " + std::to_string(i));
-            }
+                try {
+                    std::rethrow_exception(failures[i]);
+                } catch (const std::runtime_error& e) {
+                    EXPECT_EQ(std::string(e.what()), "job " + std::to_string(i));
+                }
+        }
     }
 }
 
