@@ -67,11 +67,9 @@ TEST(TextFiles, WritersAddOneCrLfAndReadersTakeLinesAsStored) {
     EXPECT_EQ(ReadFileText(log), "word\r\nword\r\n");
 
     TempFolder::Write(file, "one\r\ntwo\nthr\ree");
-    EXPECT_EQ(ReadFileLine(file, 0), "");
-    EXPECT_EQ(ReadFileLine(file, 1), "one");
-    EXPECT_EQ(ReadFileLine(file, 2), "two");
-    EXPECT_EQ(ReadFileLine(file, 3), "thr\ree"); // a lone CR stays in its line
-    EXPECT_EQ(ReadFileLine(file, 4), "");
+    const char* lines[] = {"", "one", "two", "thr\ree", ""}; // a lone CR stays in its line
+    for (int i = 0; i < 5; ++i)
+        EXPECT_EQ(ReadFileLine(file, i), lines[i]) << i;
     EXPECT_EQ(ReadFileLine(dir / "none", 1), "");
     EXPECT_THROW(WriteFileText(dir / "no/folder.txt", "x"), platform::FileError);
     EXPECT_THROW(AppendFileText(dir / "no/folder.txt", "x"), platform::FileError);

@@ -10,31 +10,17 @@ using namespace importer;
 
 namespace {
 
-const char* const AbReputation = "[RepChangeEffects]\r\n"
-                                 "group = Alpha Band\r\n"
-                                 "event = object_destruction, -0.1\r\n"
-                                 "event = random_mission_success, 0.05\r\n"
-                                 "event = bogus_event, 9\r\n"
-                                 "emphaty_rate = cd_grp, -0.3\r\n"
-                                 "emphaty_rate = ab_grp, 0.9\r\n";
-const char* const AbProps = "[FactionProps]\r\n"
-                            "affiliation = ab_grp\r\n"
-                            "legality = lawful\r\n"
-                            "npc_ship = ship_a\r\n"
-                            "npc_ship = ship_b\r\n"
-                            "voice = \r\n"
-                            "formation_desig = 100, 101\r\n"
-                            "formation = fighters, fighter_basic\r\n"
-                            "space_costume = h, b, c\r\n"
-                            "scan_announce = True\r\n";
-const char* const AbWorld = "[Group]\r\n"
-                            "nickname = ab_grp\r\n"
-                            "ids_name = 5\r\n"
-                            "ids_short_name = 7\r\n"
-                            "rep = 0.5, cd_grp\r\n"
-                            "rep = 0.1,ab_grp\r\n"
-                            "rep = 0.6, cd_grp\r\n";
-
+const std::string AbReputation =
+    Lines({"[RepChangeEffects]", "group = Alpha Band", "event = object_destruction, -0.1",
+           "event = random_mission_success, 0.05", "event = bogus_event, 9",
+           "emphaty_rate = cd_grp, -0.3", "emphaty_rate = ab_grp, 0.9"});
+const std::string AbProps = Lines(
+    {"[FactionProps]", "affiliation = ab_grp", "legality = lawful", "npc_ship = ship_a",
+     "npc_ship = ship_b", "voice = ", "formation_desig = 100, 101",
+     "formation = fighters, fighter_basic", "space_costume = h, b, c", "scan_announce = True"});
+const std::string AbWorld =
+    Lines({"[Group]", "nickname = ab_grp", "ids_name = 5", "ids_short_name = 7",
+           "rep = 0.5, cd_grp", "rep = 0.1,ab_grp", "rep = 0.6, cd_grp"});
 const char* const CdReputation = "[RepChangeEffects]\r\ngroup = cd_grp\r\n"
                                  "event = random_mission_abortion, -0.2\r\n";
 const char* const CdProps = "[FactionProps]\r\nlegality = unlawful\r\n";

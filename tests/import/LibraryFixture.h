@@ -2,6 +2,14 @@
 // A project whose application folder has a library, for the import tests.
 #include "support/TestProject.h"
 
+// Lines joined with the line ends of the game's files.
+inline std::string Lines(std::initializer_list<std::string_view> lines) {
+    std::string text;
+    for (const std::string_view line : lines)
+        text += std::string(line) + "\r\n";
+    return text;
+}
+
 class LibraryFixture : public TestProject {
 public:
     LibraryFixture() {

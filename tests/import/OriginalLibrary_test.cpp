@@ -1,5 +1,5 @@
+#include "LibraryFixture.h"
 #include "import/OriginalLibrary.h"
-#include "support/TempFolder.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -7,13 +7,6 @@
 using namespace importer;
 
 namespace {
-
-std::string Lines(std::initializer_list<std::string_view> lines) {
-    std::string text;
-    for (const std::string_view line : lines)
-        text += std::string(line) + "\r\n";
-    return text;
-}
 
 // Pairs as "first=second;" in their order.
 template <class Entries, class First, class Second>

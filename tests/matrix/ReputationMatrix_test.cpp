@@ -12,16 +12,15 @@ class ReputationMatrixTest : public ::testing::Test {
 protected:
     ReputationMatrixTest() {
         // A: its own row, a section in another letter case, an out-of-range and a word.
-        Write("emphaty/new/reps_A.facts",
-              "[A]\r\nrep=1.5\r\n[b]\r\nrep=-0.5\r\n[\xC4]\r\nrep=friendly\r\n");
+        project.Write("emphaty/new/reps_A.facts",
+                      "[A]\r\nrep=1.5\r\n[b]\r\nrep=-0.5\r\n[\xC4]\r\nrep=friendly\r\n");
         // B: an escaped line break, a blank value; \xC4 has no file at all.
-        Write("emphaty/new/reps_B.facts",
-              "[A]\r\nrep=  0.3 \r\n[B]\r\nrep=\r\n[\xC4]\r\nrep=a/20&\\b\r\n");
-        Write("initialworld/grp.ini", "[A]\r\nids_name=1\r\nB=0.9\r\n[B]\r\nA=-1\r\nb=+.5\r\n"
-                                      "[\xC4]\r\nA=1,0\r\n");
+        project.Write("emphaty/new/reps_B.facts",
+                      "[A]\r\nrep=  0.3 \r\n[B]\r\nrep=\r\n[\xC4]\r\nrep=a/20&\\b\r\n");
+        project.Write("initialworld/grp.ini",
+                      "[A]\r\nids_name=1\r\nB=0.9\r\n[B]\r\nA=-1\r\nb=+.5\r\n"
+                      "[\xC4]\r\nA=1,0\r\n");
     }
-    void Write(const std::string& piece, std::string_view bytes) { project.Write(piece, bytes); }
-    std::string Read(const std::string& piece) { return project.Read(piece); }
     // Each cell as "value" or "-" when not stored, row by row.
     static std::vector<std::string> Cells(const matrix::Matrix& m) {
         std::vector<std::string> cells;
@@ -75,9 +74,9 @@ TEST_F(ReputationMatrixTest, EditsLeaveTheMatrixAsAFreshLoadReadsIt) {
     }
     // The reputation page stores its whole column: missing rates as "0.0". Names on disk are
     // UTF-8.
-    EXPECT_EQ(Read("emphaty/new/reps_\xC3\x84.facts"),
+    EXPECT_EQ(project.Read("emphaty/new/reps_\xC3\x84.facts"),
               "[A]\r\nrep= -0.25\r\n[B]\r\nrep=0.0\r\n[\xC4]\r\nrep=0.0\r\n");
-    EXPECT_EQ(Read("initialworld/grp.ini"),
+    EXPECT_EQ(project.Read("initialworld/grp.ini"),
               "[A]\r\nids_name=1\r\nB=0.7\r\n\xC4= -0.25\r\n[B]\r\nA=-1\r\nb=x\r\n[\xC4]\r\nA= "
               "-0.25\r\n");
 }
