@@ -85,6 +85,13 @@ TEST_F(ProjectTest, DeletingAFactionRemovesAllSevenOfItsFilesAndNoOtherFactions)
     for (const char* nick : {"li_n_grp", "li_n_grp2"})
         for (const std::string& file : SevenFiles(nick))
             TempFolder::Write(app / ("projects/Alpha/" + file), "x");
+    // The registry first: when it cannot be rewritten, the faction keeps its files too.
+    const std::string registry = app / "projects/Alpha/misc/factions.ini";
+    std::filesystem::permissions(registry, std::filesystem::perms::owner_read);
+    EXPECT_THROW(DeleteFaction(app.path(), "Alpha", "li_n_grp", "Navy"), platform::FileError);
+    EXPECT_EQ(RegistryBytes(), "[li_n_grp]\r\ngrp=Navy\r\n");
+    EXPECT_TRUE(std::filesystem::exists(app / ("projects/Alpha/" + SevenFiles("li_n_grp")[0])));
+    std::filesystem::permissions(registry, std::filesystem::perms::owner_all);
     DeleteFaction(app.path(), "Alpha", "li_n_grp", "Navy");
     EXPECT_EQ(RegistryBytes(), "\r\n\r\n\r\n");
     for (const std::string& file : SevenFiles("li_n_grp"))
@@ -111,16 +118,4 @@ TEST(ListFiles, EmptyLinesAreSkippedAndBlankOnesKept) {
     EXPECT_TRUE(FileExists(dir.path() + "\\SHIPLIST_x.lst"));
     EXPECT_FALSE(FileExists(dir.path()));
     EXPECT_FALSE(FileExists(dir / "none.lst"));
-}
-
-TEST_F(ProjectTest, AFailedRegistryRewriteKeepsTheFactionsFiles) {
-    CreateProjectFolders(app.path(), "Alpha");
-    SaveFaction(app.path(), "Alpha", "li_n_grp", "Navy");
-    const std::string reps = app / "projects/Alpha/emphaty/new/reps_li_n_grp.facts";
-    TempFolder::Write(reps, "x");
-    std::filesystem::permissions(app / "projects/Alpha/misc/factions.ini",
-                                 std::filesystem::perms::owner_read);
-    EXPECT_THROW(DeleteFaction(app.path(), "Alpha", "li_n_grp", "Navy"), platform::FileError);
-    EXPECT_TRUE(std::filesystem::exists(reps));
-    EXPECT_EQ(RegistryBytes(), "[li_n_grp]\r\ngrp=Navy\r\n");
 }
