@@ -87,6 +87,7 @@ TEST(IniDocument, SectionsFindTheirKeysAlikeBelowAndAboveTheIndexedSize) {
     std::vector<std::string> keys = {"x", "k12", "K0", "k0"};
     for (int i = 0; i < 12; ++i)
         keys.push_back("K" + std::to_string(i));
+    keys.push_back("K0"); // right after the last parsed key: the repeat is next, not the first
     for (int parsed = 0; parsed <= 12; ++parsed) {
         std::string text = "x=top\r\n[s]\r\n";
         for (int i = 0; i < parsed; ++i)
