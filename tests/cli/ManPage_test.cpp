@@ -2,49 +2,12 @@
 #include "cli/ManPage.h"
 #include "core/WindowOptions.h"
 
+#include <array>
 #include <gtest/gtest.h>
 #include <sstream>
 #include <vector>
 
 namespace {
-
-struct Entry {
-    std::string_view name;
-    std::string_view argument;
-    std::string_view summary;
-};
-
-struct Page {
-    const char* program;
-    void (*write)(std::ostream&);
-    std::string_view title;     // the .TH line starts with it
-    std::vector<Entry> entries; // each must stand in the page as a tagged paragraph
-    std::vector<std::string_view> sections;
-};
-
-std::vector<Page> Pages() {
-    std::vector<Entry> commands;
-    for (const cli::Command& command : cli::Commands())
-        commands.push_back({command.name, command.arguments, command.summary});
-    std::vector<Entry> options;
-    for (const windowOptions::Option& option : windowOptions::Options)
-        options.push_back({option.name, option.argument, option.summary});
-    return {
-        {"orrindel-cli",
-         cli::WriteManPage,
-         ".TH ORRINDEL\\-CLI 1 ",
-         commands,
-         {"NAME", "SYNOPSIS", "DESCRIPTION", "OPTIONS", "COMMANDS", "EXIT STATUS", "FILES",
-          "ENVIRONMENT"}},
-        {"orrindel",
-         cli::WriteWindowManPage,
-         ".TH ORRINDEL 1 ",
-         options,
-         {"NAME", "SYNOPSIS", "DESCRIPTION", "OPTIONS", "FILES", "ENVIRONMENT", "SEE ALSO"}},
-    };
-}
-
-} // namespace
 
 TEST(ManPage, TextLinesCannotBeReadAsRequestsOrEscapes) {
     EXPECT_EQ(cli::RoffText(".ini files"), "\\&.ini files");
@@ -53,21 +16,42 @@ TEST(ManPage, TextLinesCannotBeReadAsRequestsOrEscapes) {
     EXPECT_EQ(cli::RoffText("--into C:\\mods"), "\\-\\-into C:\\emods");
 }
 
-// Each page lists every entry of its table, has its sections in order, and uses no request
-// beyond the few it means (a stray one would be a text line read as markup).
+// Each page lists every entry of its table as a tagged paragraph, has its sections in order,
+// and uses no request beyond the few it means (a stray one would be a text line read as markup).
 TEST(ManPage, EachPageListsItsTableInItsSections) {
-    for (const Page& page : Pages()) {
-        SCOPED_TRACE(page.program);
+    std::vector<std::array<std::string_view, 3>> commands, options; // name, argument, summary
+    for (const cli::Command& command : cli::Commands())
+        commands.push_back({command.name, command.arguments, command.summary});
+    for (const windowOptions::Option& option : windowOptions::Options)
+        options.push_back({option.name, option.argument, option.summary});
+    const struct {
+        void (*write)(std::ostream&);
+        std::string_view title;
+        const std::vector<std::array<std::string_view, 3>>& entries;
+        std::vector<std::string> sections;
+    } pages[] = {
+        {cli::WriteManPage,
+         ".TH ORRINDEL\\-CLI 1 ",
+         commands,
+         {"NAME", "SYNOPSIS", "DESCRIPTION", "OPTIONS", "COMMANDS", "EXIT STATUS", "FILES",
+          "ENVIRONMENT"}},
+        {cli::WriteWindowManPage,
+         ".TH ORRINDEL 1 ",
+         options,
+         {"NAME", "SYNOPSIS", "DESCRIPTION", "OPTIONS", "FILES", "ENVIRONMENT", "SEE ALSO"}},
+    };
+    for (const auto& page : pages) {
+        SCOPED_TRACE(page.title);
         std::ostringstream out;
         page.write(out);
         const std::string text = out.str();
         EXPECT_EQ(text.rfind(page.title, 0), 0u);
-        for (const Entry& entry : page.entries) {
-            std::string paragraph = ".TP\n\\fB" + cli::RoffText(entry.name) + "\\fR";
-            if (!entry.argument.empty())
-                paragraph += " \\fI" + cli::RoffText(entry.argument) + "\\fR";
-            paragraph += "\n" + cli::RoffText(entry.summary) + "\n";
-            EXPECT_NE(text.find(paragraph), std::string::npos) << entry.name;
+        for (const auto& [name, argument, summary] : page.entries) {
+            std::string paragraph = ".TP\n\\fB" + cli::RoffText(name) + "\\fR";
+            if (!argument.empty())
+                paragraph += " \\fI" + cli::RoffText(argument) + "\\fR";
+            paragraph += "\n" + cli::RoffText(summary) + "\n";
+            EXPECT_NE(text.find(paragraph), std::string::npos) << name;
         }
         std::vector<std::string> sections;
         std::istringstream lines(text);
@@ -80,6 +64,8 @@ TEST(ManPage, EachPageListsItsTableInItsSections) {
                     << line;
             }
         }
-        EXPECT_EQ(sections, std::vector<std::string>(page.sections.begin(), page.sections.end()));
+        EXPECT_EQ(sections, page.sections);
     }
 }
+
+} // namespace

@@ -2,108 +2,115 @@
 
 #include <gtest/gtest.h>
 
-TEST(IniDocument, ReadsTrimmedValuesIgnoringCaseOfSectionAndKey) {
-    const IniDocument doc("top=1\r\n[Alpha]\r\n Key = some value \r\nother=x\n  [ beta ]  \r\nk=v");
-    EXPECT_EQ(doc.Read("ALPHA", "key", "d"), "some value");
-    EXPECT_EQ(doc.Read("Beta", "K", "d"), "v");
-    EXPECT_EQ(doc.Read("alpha", "missing", " def "), " def "); // the default is not trimmed
-    EXPECT_EQ(doc.Read("", "top", "d"), "d"); // lines before the first section never match
+TEST(IniDocument, ReadsTheFirstTrimmedValueIgnoringCase) {
+    const struct {
+        std::string text;
+        const char *section, *key;
+        std::string expected;
+    } cases[] = {
+        {"top=1\r\n[Alpha]\r\n Key = some value \r\nk=x\n", "ALPHA", "key", "some value"},
+        {"top=1\r\n[Alpha]\r\n", "", "top", " d "}, // before the first section; no trim
+        {"[a]\r\nx=1\n  [ beta ]  \r\nk=v", "Beta", "K", "v"},
+        {"[a]\r\nk=1\r\nk=2\r\n[A]\r\nk=3\r\n", "A", "k", "1"},
+        {"[\xC4rger]\r\n\xD6l=1\r\n", "\xE4rger", "\xF6L", "1"}, // Windows letters' case
+        {"[a]\r\n\"q\"=\"x\"\r\n", "a", "\"q\"", "\"x\""},       // no quote stripping
+        {"[s]\r\nb=a/20&\\b\r\n", "s", "b", "a\r\nb"},
+        // The stored form is cut first; an escape cut in half stays as the bytes that remain.
+        {"[s]\r\nk=" + std::string(300, 'x') + "\r\n", "s", "k", std::string(254, 'x')},
+        {"[s]\r\nk=" + std::string(251, 'y') + "/20&\\\r\n", "s", "k",
+         std::string(251, 'y') + "/20"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(IniDocument(c.text).Read(c.section, c.key, " d "), c.expected) << c.text;
+    }
 }
 
-TEST(IniDocument, WindowsLettersWithACasePairCompareIgnoringCase) {
-    const IniDocument doc("[\xC4rger]\r\n\xD6l=1\r\n");
-    EXPECT_EQ(doc.Read("\xE4rger", "\xF6L", "d"), "1");
-}
-
-TEST(IniDocument, ReadCutsTheStoredFormThenDecodesLineBreaks) {
-    const std::string longValue(300, 'x');
-    const IniDocument doc("[s]\r\nlong=" + longValue + "\r\nbreak=a/20&\\b\r\n");
-    EXPECT_EQ(doc.Read("s", "long", ""), std::string(254, 'x'));
-    EXPECT_EQ(doc.Read("s", "break", ""), "a\r\nb");
-    // An escape cut in half by the limit stays as the bytes that remain.
-    const IniDocument edge("[s]\r\nk=" + std::string(251, 'y') + "/20&\\\r\n");
-    EXPECT_EQ(edge.Read("s", "k", ""), std::string(251, 'y') + "/20");
-}
-
-TEST(IniDocument, DuplicatesActOnTheFirstOccurrence) {
-    IniDocument doc("[a]\r\nk=1\r\nk=2\r\n[A]\r\nk=3\r\n");
-    EXPECT_EQ(doc.Read("a", "k", ""), "1");
-    EXPECT_TRUE(doc.Write("a", "K", "9"));
-    EXPECT_EQ(doc.Bytes(), "[a]\r\nk=9\r\nk=2\r\n[A]\r\nk=3\r\n");
-}
-
-TEST(IniDocument, ReplacingKeepsTheKeysSpellingAndTheLineEnd) {
-    IniDocument doc("[a]\r\n  MyKey  =  old  \nnext=1");
-    EXPECT_TRUE(doc.Write("A", "mykey", "new"));
-    EXPECT_EQ(doc.Bytes(), "[a]\r\nMyKey=new\nnext=1");
-    EXPECT_FALSE(doc.Write("a", "next", "1")); // equal value: nothing changes
-    EXPECT_FALSE(doc.Write("a", "mykey", "new"));
-}
-
-TEST(IniDocument, NewKeyLandsAfterLastNonBlankLineOfItsSection) {
-    IniDocument doc("[a]\r\nx=1\r\n\r\n \t\r\n[b]\r\ny=2\r\n");
-    EXPECT_TRUE(doc.Write("A", "z", "3"));
-    EXPECT_EQ(doc.Bytes(), "[a]\r\nx=1\r\nz=3\r\n\r\n \t\r\n[b]\r\ny=2\r\n");
-    EXPECT_TRUE(doc.Write("b", "w", "4"));
-    EXPECT_EQ(doc.Bytes(), "[a]\r\nx=1\r\nz=3\r\n\r\n \t\r\n[b]\r\ny=2\r\nw=4\r\n");
-    // Indexes after the insertion moved with it.
-    EXPECT_TRUE(doc.Write("a", "v", "5"));
-    EXPECT_TRUE(doc.Write("b", "y", "6"));
-    EXPECT_EQ(doc.Bytes(), "[a]\r\nx=1\r\nz=3\r\nv=5\r\n\r\n \t\r\n[b]\r\ny=6\r\nw=4\r\n");
-}
-
-TEST(IniDocument, InsertingAfterALastLineWithoutLineEndEndsItFirst) {
-    IniDocument doc("[a]\r\nx=1");
-    doc.Write("a", "y", "2");
-    EXPECT_EQ(doc.Bytes(), "[a]\r\nx=1\r\ny=2\r\n");
-}
-
-TEST(IniDocument, NewSectionIsAppendedWithoutABlankLine) {
-    IniDocument empty;
-    empty.Write("s", "k", "v");
-    EXPECT_EQ(empty.Bytes(), "[s]\r\nk=v\r\n");
-
-    IniDocument unterminated("; note");
-    unterminated.Write("s", "k", "v");
-    EXPECT_EQ(unterminated.Bytes(), "; note\r\n[s]\r\nk=v\r\n");
-
-    IniDocument lfEnded("[a]\nx=1\n");
-    lfEnded.Write("b", "k", "v");
-    EXPECT_EQ(lfEnded.Bytes(), "[a]\nx=1\n[b]\r\nk=v\r\n");
-}
-
-TEST(IniDocument, WriteEscapesOnlyTheCrLfPair) {
-    IniDocument doc;
-    doc.Write("s", "k", "one\r\ntwo\nthree\rfour");
-    EXPECT_EQ(doc.Bytes(), "[s]\r\nk=one/20&\\two\nthree\rfour\r\n");
-}
-
-TEST(IniDocument, UntouchedLinesKeepTheirBytes) {
-    const std::string original =
-        "junk before\r\n[a]\r\n; comment\r\nno equals sign\n\"q\"=\"x\"\r\n";
-    IniDocument doc(original);
-    EXPECT_EQ(doc.Bytes(), original);
-    EXPECT_EQ(doc.Read("a", "\"q\"", ""), "\"x\""); // no quote stripping
+// Writes change only the line they target, in the first section and key of the name, and
+// insert without blank lines; every other byte stays as it was.
+TEST(IniDocument, WritesChangeOnlyTheirLine) {
+    struct Write {
+        const char *section, *key, *value;
+        bool changes;
+    };
+    const struct {
+        const char* input;
+        std::vector<Write> writes;
+        const char* expected;
+    } cases[] = {
+        {"[a]\r\nk=1\r\nk=2\r\n[A]\r\nk=3\r\n",
+         {{"a", "K", "9", true}},
+         "[a]\r\nk=9\r\nk=2\r\n[A]\r\nk=3\r\n"},
+        // The key keeps its spelling and its line end; an equal value changes nothing.
+        {"[a]\r\n  MyKey  =  old  \nnext=1",
+         {{"A", "mykey", "new", true}, {"a", "next", "1", false}, {"a", "mykey", "new", false}},
+         "[a]\r\nMyKey=new\nnext=1"},
+        // After the last non-blank line of the section; later indexes move along.
+        {"[a]\r\nx=1\r\n\r\n \t\r\n[b]\r\ny=2\r\n",
+         {{"A", "z", "3", true},
+          {"b", "w", "4", true},
+          {"a", "v", "5", true},
+          {"b", "y", "6", true}},
+         "[a]\r\nx=1\r\nz=3\r\nv=5\r\n\r\n \t\r\n[b]\r\ny=6\r\nw=4\r\n"},
+        {"[a]\r\nx=1", {{"a", "y", "2", true}}, "[a]\r\nx=1\r\ny=2\r\n"},
+        {"", {{"s", "k", "v", true}}, "[s]\r\nk=v\r\n"},
+        {"; note", {{"s", "k", "v", true}}, "; note\r\n[s]\r\nk=v\r\n"},
+        {"[a]\nx=1\n", {{"b", "k", "v", true}}, "[a]\nx=1\n[b]\r\nk=v\r\n"},
+        // Only the CR LF pair is escaped.
+        {"",
+         {{"s", "k", "one\r\ntwo\nthree\rfour", true}},
+         "[s]\r\nk=one/20&\\two\nthree\rfour\r\n"},
+        {"junk\r\n[a]\r\n; c\r\nno equals\n\"q\"=\"x\"\r\n",
+         {{"a", "\"q\"", "\"x\"", false}},
+         "junk\r\n[a]\r\n; c\r\nno equals\n\"q\"=\"x\"\r\n"},
+        // "a]b" adds a section whose header reads as "a": writes to "a" still find the first.
+        {"[a]\r\nx=1\r\n",
+         {{"a]b", "y", "2", true}, {"A", "z", "3", true}, {"a", "x", "4", true}},
+         "[a]\r\nx=4\r\nz=3\r\n[a]b]\r\ny=2\r\n"},
+    };
+    for (const auto& c : cases) {
+        IniDocument doc(c.input);
+        for (const Write& w : c.writes)
+            EXPECT_EQ(doc.Write(w.section, w.key, w.value), w.changes) << c.input << " " << w.key;
+        EXPECT_EQ(doc.Bytes(), c.expected) << c.input;
+        // A fresh parse of the result writes alike.
+        IniDocument fresh(doc.Bytes());
+        fresh.Write("a", "w", "5");
+        doc.Write("a", "w", "5");
+        EXPECT_EQ(doc.Bytes(), fresh.Bytes()) << c.input;
+    }
 }
 
 TEST(IniDocument, SectionsFindTheirKeysAlikeBelowAndAboveTheIndexedSize) {
     // A section grows key by key past the size at which it gets an index, through parsing and
-    // through writes; at every size the first of equal keys counts, without regard to case.
+    // through writes; at every size the first of equal keys counts, without regard to case,
+    // and a run of reads or a read of the bytes alone find what a read finds.
+    std::vector<std::string> keys = {"x", "k12", "K0", "k0"};
+    for (int i = 0; i < 12; ++i)
+        keys.push_back("K" + std::to_string(i));
+    keys.push_back("K0"); // right after the last parsed key: the repeat is next, not the first
     for (int parsed = 0; parsed <= 12; ++parsed) {
-        std::string text = "[s]\r\n";
+        std::string text = "x=top\r\n[s]\r\n";
         for (int i = 0; i < parsed; ++i)
-            text += "k" + std::to_string(i) + "=p" + std::to_string(i) + "\r\n";
-        text += "K0=late\r\n[t]\r\nk0=other\r\n";
+            text += "k" + std::to_string(i) + " = p" + std::to_string(i) + "/20&\\\r\n";
+        text += "K0=late\r\n[t]\r\nk0=other\r\n[S]\r\nk12=unreachable\r\n";
         IniDocument doc(text);
         for (int i = parsed; i < 12; ++i)
             EXPECT_TRUE(doc.Write("S", "k" + std::to_string(i), "w" + std::to_string(i)));
         for (int i = 0; i < 12; ++i)
             EXPECT_EQ(doc.Read("s", "K" + std::to_string(i), "-"),
-                      (i < parsed ? "p" : "w") + std::to_string(i));
+                      i < parsed ? "p" + std::to_string(i) + "\r\n" : "w" + std::to_string(i));
         EXPECT_EQ(doc.ReadStored("s", "k12"), std::nullopt);
         EXPECT_EQ(doc.ReadStored("t", "k0"), "other");
-        EXPECT_FALSE(doc.Write("s", "k11", parsed > 11 ? "p11" : "w11"));
-        EXPECT_EQ(IniDocument(doc.Bytes()).Read("S", "k11", "-"), parsed > 11 ? "p11" : "w11");
+        EXPECT_EQ(doc.Write("s", "k11", "w11"), parsed > 11);
+        for (const char* section : {"s", "T", "missing"}) {
+            const auto values = doc.ReadEach(section, keys, "d");
+            ASSERT_EQ(values.size(), keys.size());
+            for (std::size_t i = 0; i < keys.size(); ++i) {
+                EXPECT_EQ(values[i], doc.Read(section, keys[i], "d")) << section << keys[i];
+                EXPECT_EQ(IniDocument::ReadOnce(doc.Bytes(), section, keys[i], "d"), values[i])
+                    << section << " " << keys[i];
+            }
+        }
     }
 }
 
@@ -119,35 +126,6 @@ TEST(IniDocument, ValuesAreTheLinesAReadCanReach) {
     EXPECT_EQ(seen, "a|x|1|3\nb|y|2|7\nb|w|new|8\n");
 }
 
-TEST(IniDocument, ReadEachAndReadOnceReturnWhatReadReturns) {
-    // Sections past the indexed size, one where a key repeats (the first counts) and one
-    // where none does; a second section of the same name that no read reaches.
-    std::string text = "x=top\r\n[r]\r\n";
-    for (int i = 0; i < 12; ++i)
-        text += "k" + std::to_string(i) + " = r" + std::to_string(i) + "\r\n";
-    text += "K3=repeat\r\n[u]\r\n";
-    for (int i = 0; i < 12; ++i)
-        text += "k" + std::to_string(i) + "=u" + std::to_string(i) + "/20&\\\r\n";
-    text += "[R]\r\nk12=unreachable\r\n";
-    IniDocument doc(text);
-    doc.Write("u", "k12", "written");
-    std::vector<std::string> keys = {"k0", "K3", "k4", "k4", "k12", "x", "k11", "k10"};
-    for (int i = 0; i < 12; ++i)
-        keys.push_back("k" + std::to_string(i));
-    for (const char* section : {"r", "U", "missing"}) {
-        const auto values = doc.ReadEach(section, keys, "d");
-        ASSERT_EQ(values.size(), keys.size());
-        for (std::size_t i = 0; i < keys.size(); ++i) {
-            EXPECT_EQ(values[i], doc.Read(section, keys[i], "d")) << section << " " << keys[i];
-            EXPECT_EQ(IniDocument::ReadOnce(doc.Bytes(), section, keys[i], "d"), values[i])
-                << section << " " << keys[i];
-        }
-    }
-    EXPECT_EQ(doc.Read("r", "k3", ""), "r3");
-    EXPECT_EQ(doc.Read("u", "k1", ""), "u1\r\n");
-    EXPECT_EQ(IniDocument::ReadOnce(text, "", "x", "d"), "d"); // before any section
-}
-
 TEST(IniDocument, CopiesKeepWrittenLinesApartAndWritable) {
     IniDocument doc;
     for (int i = 0; i < 3000; ++i) // more written bytes than one block holds
@@ -161,20 +139,6 @@ TEST(IniDocument, CopiesKeepWrittenLinesApartAndWritable) {
     EXPECT_EQ(doc.Read("s1", "new", "-"), "-");
     EXPECT_EQ(IniDocument(copy.Bytes()).Read("s2", "key2998", ""), std::string(30, 'v'));
     EXPECT_EQ(IniDocument(doc.Bytes()).Bytes(), doc.Bytes());
-}
-
-TEST(IniDocument, WritesInARowFindTheFirstSectionOfTheName) {
-    // "a]b" adds a section whose header reads as "a": later writes to "a" still go to the
-    // first "[a]", as a fresh document's would.
-    IniDocument doc("[a]\r\nx=1\r\n");
-    doc.Write("a]b", "y", "2");
-    doc.Write("A", "z", "3");
-    doc.Write("a", "x", "4");
-    EXPECT_EQ(doc.Bytes(), "[a]\r\nx=4\r\nz=3\r\n[a]b]\r\ny=2\r\n");
-    IniDocument fresh(doc.Bytes());
-    fresh.Write("a", "w", "5");
-    doc.Write("a", "w", "5");
-    EXPECT_EQ(doc.Bytes(), fresh.Bytes());
 }
 
 TEST(IniDocument, ALargeFileIsWrittenInPiecesThatMakeItWhole) {

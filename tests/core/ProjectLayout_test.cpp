@@ -8,24 +8,15 @@ TEST(ProjectLayout, FactionFilesAreSpelledAsNewFilesGetThemAndNicknamesAsOnDisk)
     const ProjectLayout project = ProjectLayout::Of("/app", "M\xFCnze"); // u-umlaut
     EXPECT_EQ(project.Folder(), "/app\\projects\\M\xC3\xBCnze");
     const std::string p = project.Folder() + "\\";
+    const std::string nick = "K\xC3\xA4"
+                             "fer"; // "K\xE4fer" as it is named on disk
+    std::vector<std::string> expected = {p + "emphaty\\new\\reps_" + nick + ".facts",
+                                         p + "emphaty\\new\\" + nick + ".tmp"};
+    for (const char* list : {"Shiplist_", "Voicelist_", "Bodylist_", "Scanlist_", "Formationlist_"})
+        expected.push_back(p + "faction_prop\\" + list + nick + ".lst");
     EXPECT_EQ(project.FactionFiles("K\xE4"
                                    "fer"),
-              (std::vector<std::string>{
-                  p + "emphaty\\new\\reps_K\xC3\xA4"
-                      "fer.facts",
-                  p + "emphaty\\new\\K\xC3\xA4"
-                      "fer.tmp",
-                  p + "faction_prop\\Shiplist_K\xC3\xA4"
-                      "fer.lst",
-                  p + "faction_prop\\Voicelist_K\xC3\xA4"
-                      "fer.lst",
-                  p + "faction_prop\\Bodylist_K\xC3\xA4"
-                      "fer.lst",
-                  p + "faction_prop\\Scanlist_K\xC3\xA4"
-                      "fer.lst",
-                  p + "faction_prop\\Formationlist_K\xC3\xA4"
-                      "fer.lst",
-              }));
+              expected);
     EXPECT_EQ(project.IniFilesNamingFactions({"a", "b"}),
               (std::vector<std::string>{p + "misc\\factions.ini", p + "emphaty\\new\\grp.ini",
                                         p + "faction_prop\\grp.ini", p + "initialworld\\grp.ini",

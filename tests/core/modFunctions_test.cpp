@@ -19,25 +19,20 @@ protected:
     TempFolder app;
 };
 
-TEST_F(ProjectTest, CreateMakesTheTreeAndRefusesAnExistingProject) {
-    CreateProjectFolders(app.path(), "Alpha");
+TEST_F(ProjectTest, CreateMakesTheTreeAndTheListIsSortedIgnoringCase) {
+    for (const char* name : {"fc_bd_grp", "Beta", "fc_b_grp", "Alpha", "Fc_1"})
+        CreateProjectFolders(app.path(), name);
     for (const char* sub :
          {"emphaty/new", "faction_prop", "initialworld", "XML", "Protocol", "compiled", "misc"})
         EXPECT_TRUE(std::filesystem::is_directory(app / (std::string("projects/Alpha/") + sub)))
             << sub;
     EXPECT_THROW(CreateProjectFolders(app.path(), "Alpha"), platform::FileError);
     EXPECT_THROW(CreateProjectFolders(app.path(), "a/b"), names::NameRefused);
-    EXPECT_EQ(FindProject(app.path(), "ALPHA"), "Alpha");
-    DeleteProjectFolder(app.path(), "Alpha");
-    EXPECT_TRUE(ListProjects(app.path()).empty());
-}
-
-TEST_F(ProjectTest, ProjectListIsSortedIgnoringCase) {
-    for (const char* name : {"fc_bd_grp", "Beta", "fc_b_grp", "alpha", "Fc_1"})
-        CreateProjectFolders(app.path(), name);
     TempFolder::Write(app / "projects/not-a-folder", "x");
+    EXPECT_EQ(FindProject(app.path(), "ALPHA"), "Alpha");
+    DeleteProjectFolder(app.path(), "Beta");
     EXPECT_EQ(ListProjects(app.path()),
-              (std::vector<std::string>{"alpha", "Beta", "Fc_1", "fc_b_grp", "fc_bd_grp"}));
+              (std::vector<std::string>{"Alpha", "Fc_1", "fc_b_grp", "fc_bd_grp"}));
 }
 
 TEST_F(ProjectTest, ProtocolEntriesAreSeparatedByAnEmptyLineAndFindTheProtocolFolder) {
@@ -57,15 +52,10 @@ TEST_F(ProjectTest, RegistryLoadsSectionLinesInFileOrder) {
     TempFolder::Write(
         app / "projects/Alpha/misc/factions.ini",
         "[b_grp]\r\ngrp=Bees\r\nRep=0.5\r\n [skipped]\r\n[we[ir]d]\r\n\r\n[a_grp]\r\n");
-    const auto entries = LoadRegistry(Registry());
-    ASSERT_EQ(entries.size(), 3u);
-    EXPECT_EQ(entries[0].nickname, "b_grp");
-    EXPECT_EQ(entries[0].group, "Bees");
-    EXPECT_EQ(entries[0].rep, "0.5");
-    EXPECT_EQ(entries[1].nickname, "weird");
-    EXPECT_EQ(entries[2].nickname, "a_grp");
-    EXPECT_EQ(entries[2].group, "[ERROR]");
-    EXPECT_EQ(entries[2].rep, "0.0");
+    std::string entries;
+    for (const auto& entry : LoadRegistry(Registry()))
+        entries += entry.nickname + "|" + entry.group + "|" + entry.rep + ";";
+    EXPECT_EQ(entries, "b_grp|Bees|0.5;weird|[ERROR]|0.0;a_grp|[ERROR]|0.0;");
     EXPECT_THROW(LoadRegistry(RegistryPath(app.path(), "Nobody")), platform::FileError);
 }
 
@@ -95,6 +85,13 @@ TEST_F(ProjectTest, DeletingAFactionRemovesAllSevenOfItsFilesAndNoOtherFactions)
     for (const char* nick : {"li_n_grp", "li_n_grp2"})
         for (const std::string& file : SevenFiles(nick))
             TempFolder::Write(app / ("projects/Alpha/" + file), "x");
+    // The registry first: when it cannot be rewritten, the faction keeps its files too.
+    const std::string registry = app / "projects/Alpha/misc/factions.ini";
+    std::filesystem::permissions(registry, std::filesystem::perms::owner_read);
+    EXPECT_THROW(DeleteFaction(app.path(), "Alpha", "li_n_grp", "Navy"), platform::FileError);
+    EXPECT_EQ(RegistryBytes(), "[li_n_grp]\r\ngrp=Navy\r\n");
+    EXPECT_TRUE(std::filesystem::exists(app / ("projects/Alpha/" + SevenFiles("li_n_grp")[0])));
+    std::filesystem::permissions(registry, std::filesystem::perms::owner_all);
     DeleteFaction(app.path(), "Alpha", "li_n_grp", "Navy");
     EXPECT_EQ(RegistryBytes(), "\r\n\r\n\r\n");
     for (const std::string& file : SevenFiles("li_n_grp"))
@@ -121,16 +118,4 @@ TEST(ListFiles, EmptyLinesAreSkippedAndBlankOnesKept) {
     EXPECT_TRUE(FileExists(dir.path() + "\\SHIPLIST_x.lst"));
     EXPECT_FALSE(FileExists(dir.path()));
     EXPECT_FALSE(FileExists(dir / "none.lst"));
-}
-
-TEST_F(ProjectTest, AFailedRegistryRewriteKeepsTheFactionsFiles) {
-    CreateProjectFolders(app.path(), "Alpha");
-    SaveFaction(app.path(), "Alpha", "li_n_grp", "Navy");
-    const std::string reps = app / "projects/Alpha/emphaty/new/reps_li_n_grp.facts";
-    TempFolder::Write(reps, "x");
-    std::filesystem::permissions(app / "projects/Alpha/misc/factions.ini",
-                                 std::filesystem::perms::owner_read);
-    EXPECT_THROW(DeleteFaction(app.path(), "Alpha", "li_n_grp", "Navy"), platform::FileError);
-    EXPECT_TRUE(std::filesystem::exists(reps));
-    EXPECT_EQ(RegistryBytes(), "[li_n_grp]\r\ngrp=Navy\r\n");
 }

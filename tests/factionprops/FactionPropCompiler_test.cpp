@@ -93,10 +93,8 @@ TEST(FactionPropCompiler, FactionsInTheGivenOrderAndAFailedWriteKeepsThePrevious
               std::string::npos);
     EXPECT_TRUE(both.ends_with("scan_chance = 0.0\r\n\r\n\r\n"));
 
-    std::filesystem::create_directory(project.File("compiled/faction_prop.ini.d"));
     std::filesystem::remove(project.File("compiled/faction_prop.ini"));
-    std::filesystem::rename(project.File("compiled/faction_prop.ini.d"),
-                            project.File("compiled/faction_prop.ini"));
+    std::filesystem::create_directory(project.File("compiled/faction_prop.ini"));
     EXPECT_THROW(CompileFactionProp(project.Folder(), {"a"}), platform::FileError);
     EXPECT_TRUE(std::filesystem::is_directory(project.File("compiled/faction_prop.ini")));
 }

@@ -1,10 +1,12 @@
 #include "LibraryFixture.h"
+#include "core/FolderOperations.h"
 #include "core/platformBasics.h"
 #include "factionprops/FactionPropCompiler.h"
 #include "import/CutLibrary.h"
 #include "import/Import.h"
 #include "initialworld/InitialWorldCompiler.h"
 #include "reputation/EmphatyCompiler.h"
+#include "support/TestProject.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -37,17 +39,19 @@ TEST(CutBlocks, SkipsTheHeadAndDropsTheSeparatingEmptyLines) {
     EXPECT_EQ(blocks[1].name, "b_grp");
 }
 
-TEST(CutLibrary, RefusedOrRepeatedNamesWriteNothing) {
+// Refused or repeated names write nothing; a cut that fails part-way removes the folders it
+// made.
+TEST(CutLibrary, ARefusedOrFailedCutLeavesNothingBehind) {
     TempFolder temp;
     TempFolder::Write(temp / "e.ini", "[RepChangeEffects]\r\ngroup = a_grp\r\n"
                                       "[RepChangeEffects]\r\ngroup = A_GRP\r\n");
     TempFolder::Write(temp / "f.ini", "[FactionProps]\r\naffiliation = x:y\r\n");
+    TempFolder::Write(temp / "w.ini", "[Group]\r\nnickname = li.n_grp\r\n");
+    // 101 letters "\xE9" are 202 bytes as a file name.
+    TempFolder::Write(temp / "long.ini", "[Group]\r\nnickname = " + std::string(101, '\xE9'));
     EXPECT_THROW(CutLibrary(temp / "lib", {temp / "e.ini", {}, {}}), CutError);
     EXPECT_THROW(CutLibrary(temp / "lib", {{}, temp / "f.ini", {}}), CutError);
-    TempFolder::Write(temp / "w.ini", "[Group]\r\nnickname = li.n_grp\r\n");
     EXPECT_THROW(CutLibrary(temp / "lib", {{}, {}, temp / "w.ini"}), CutError);
-    // 101 letters "é" are 202 bytes as a file name.
-    TempFolder::Write(temp / "long.ini", "[Group]\r\nnickname = " + std::string(101, '\xE9'));
     try {
         CutLibrary(temp / "lib", {{}, {}, temp / "long.ini"});
         ADD_FAILURE() << "a name too long on disk was cut";
@@ -55,10 +59,6 @@ TEST(CutLibrary, RefusedOrRepeatedNamesWriteNothing) {
         EXPECT_NE(std::string(error.what()).find("longer than 200 bytes"), std::string::npos);
     }
     EXPECT_FALSE(std::filesystem::exists(temp / "lib"));
-}
-
-TEST(CutLibrary, AFailedCutRemovesTheFoldersItMade) {
-    TempFolder temp;
     TempFolder::Write(temp / "e.ini", "[RepChangeEffects]\r\ngroup = a_grp\r\n");
     TempFolder::Write(temp / "f.ini", "[FactionProps]\r\naffiliation = a_grp\r\n");
     std::filesystem::create_directory(temp.path() + "/lib");
@@ -66,44 +66,27 @@ TEST(CutLibrary, AFailedCutRemovesTheFoldersItMade) {
     TempFolder::Write(temp / "lib/faction_prop", "");
     EXPECT_THROW(CutLibrary(temp / "lib", {temp / "e.ini", temp / "f.ini", {}}),
                  platform::FileError);
-    std::vector<std::string> left;
-    for (const auto& entry : std::filesystem::directory_iterator(temp / "lib"))
-        left.push_back(entry.path().filename().string());
-    EXPECT_EQ(left, std::vector<std::string>{"faction_prop"});
+    EXPECT_TRUE(platform::ListFolder(temp / "lib", platform::EntryKind::Folders).empty());
 }
 
 // Compile a project, cut a library from the three files, import it all into a new project
 // whose registry then follows the library's order, compile again: the same three files.
 TEST(CutLibrary, RoundTripGivesTheSameCompiledFiles) {
-    LibraryFixture source;
     const std::vector<std::string> factions = {"Ab_grp", "cd_grp", "ef_grp"};
-    const std::string p = source.project();
-    for (const std::string& n : factions) {
-        txtReadWrite::WriteIni(n, "grp", n, p + "\\misc\\factions.ini");
-        txtReadWrite::WriteIni(n, "o_d", "-0.1", p + "\\emphaty\\new\\grp.ini");
-        txtReadWrite::WriteIni(n, "Legality", "unlawful", p + "\\faction_prop\\grp.ini");
-        txtReadWrite::WriteIni(n, "mc_costume", "mc_li", p + "\\faction_prop\\grp.ini");
-        txtReadWrite::WriteIni(n, "rank_desig", "1, 2, 3", p + "\\faction_prop\\grp.ini");
-        txtReadWrite::WriteFileText(p + "\\faction_prop\\Shiplist_" + n + ".lst", "s1\r\ns2\r\n");
-        txtReadWrite::WriteFileText(p + "\\faction_prop\\Formationlist_" + n + ".lst",
-                                    "fighters, fighter_basic\r\n");
-        txtReadWrite::WriteIni(n, "ids_name", "77", p + "\\initialworld\\grp.ini");
-        for (const std::string& other : factions) {
-            txtReadWrite::WriteIni(other, "rep", "0.3", p + "\\emphaty\\new\\reps_" + n + ".facts");
-            txtReadWrite::WriteIni(n, other, "-0.5", p + "\\initialworld\\grp.ini");
-        }
-    }
+    TestProject source;
+    source.Fill(factions);
+    const std::string p = source.Folder();
     CompileAll(p, factions);
 
     LibraryFixture target;
-    const auto cut = CutLibrary(target.app() + "/data",
+    const auto cut = CutLibrary(target.app.path() + "/data",
                                 {p + "\\compiled\\emphaty.ini", p + "\\compiled\\faction_prop.ini",
                                  p + "\\compiled\\initialworld.ini"});
     EXPECT_EQ(cut.reputation, factions);
-    const auto result = ImportAllOriginalFactions(target.app(), target.project());
+    const auto result = ImportAllOriginalFactions(target.app.path(), target.Folder());
     EXPECT_EQ(result.imported, factions);
     EXPECT_TRUE(result.refused.empty());
-    CompileAll(target.project(), factions);
+    CompileAll(target.Folder(), factions);
     for (const char* name : {"emphaty.ini", "faction_prop.ini", "initialworld.ini"})
-        EXPECT_EQ(Compiled(target.project(), name), Compiled(p, name)) << name;
+        EXPECT_EQ(Compiled(target.Folder(), name), Compiled(p, name)) << name;
 }

@@ -18,27 +18,19 @@ const std::string Head =
     "ber die Reputation-Liste ein, bevor du diese Datei benutzt.\r\n"
     "\r\n\r\n\r\n\r\n";
 
-class InitialWorldCompilerTest : public ::testing::Test {
-protected:
-    std::string Output() const { return project.Read("compiled/initialworld.ini"); }
-    void Data(std::string_view bytes) const { project.Write("initialworld/grp.ini", bytes); }
-
-    TestProject project{"Mod"};
-    TempFolder& app = project.app;
+// Sections follow the faction order with the stored text copied unchanged: "fresh" has no
+// section; li_police holds the editor's "error" write-back, keys out of order, a blank around
+// "=" and other capitals; rh_grp a line-break escape. A rerun replaces the file, a failed one
+// keeps it.
+TEST(InitialWorldCompiler, SectionsFollowFactionOrderWithStoredTextCopiedUnchanged) {
+    TestProject project;
     const std::string folder = project.Folder();
-};
-
-TEST_F(InitialWorldCompilerTest, ProjectWithoutFactionsGivesHeadAndFinalEmptyLineOnly) {
     initialworld::CompileInitialWorld(folder, {}, {});
-    EXPECT_EQ(Output(), Head + "\r\n");
-}
-
-TEST_F(InitialWorldCompilerTest, SectionsFollowFactionOrderWithStoredTextCopiedUnchanged) {
-    // "fresh" has no section; li_police holds the editor's "error" write-back, keys out of
-    // order, a blank around "=" and other capitalisation; rh_grp a line-break escape.
-    Data("[Li_Police]\r\nids_short_name=error\r\nids_info=error\r\nids_name=error\r\n"
-         "LI_POLICE=1\r\nrh_grp = -0.65\r\n"
-         "[rh_grp]\r\nids_name=1/20&\\2\r\nli_police=-0.9\r\n");
+    EXPECT_EQ(project.Read("compiled/initialworld.ini"), Head + "\r\n");
+    project.Write("initialworld/grp.ini",
+                  "[Li_Police]\r\nids_short_name=error\r\nids_info=error\r\nids_name=error\r\n"
+                  "LI_POLICE=1\r\nrh_grp = -0.65\r\n"
+                  "[rh_grp]\r\nids_name=1/20&\\2\r\nli_police=-0.9\r\n");
     const std::vector<std::string> rows = {"li_police", "rh_grp", "fresh"};
     const std::string expected =
         Head + "[Group]\r\nnickname = fresh\r\n"
@@ -55,17 +47,11 @@ TEST_F(InitialWorldCompilerTest, SectionsFollowFactionOrderWithStoredTextCopiedU
                "\r\n"
                "\r\n";
     initialworld::CompileInitialWorld(folder, {"fresh", "rh_grp", "li_police"}, rows);
-    EXPECT_EQ(Output(), expected);
-    initialworld::CompileInitialWorld(folder, {"fresh", "rh_grp", "li_police"}, rows);
-    EXPECT_EQ(Output(), expected);
-}
-
-TEST_F(InitialWorldCompilerTest, FailedWriteLeavesPreviousOutputWhole) {
-    initialworld::CompileInitialWorld(folder, {}, {});
-    std::filesystem::permissions(app / "projects/Mod/compiled/initialworld.ini",
+    EXPECT_EQ(project.Read("compiled/initialworld.ini"), expected);
+    std::filesystem::permissions(project.File("compiled/initialworld.ini"),
                                  std::filesystem::perms::owner_read);
     EXPECT_THROW(initialworld::CompileInitialWorld(folder, {"a"}, {"a"}), platform::FileError);
-    EXPECT_EQ(Output(), Head + "\r\n");
+    EXPECT_EQ(project.Read("compiled/initialworld.ini"), expected);
 }
 
 } // namespace

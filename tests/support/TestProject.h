@@ -5,6 +5,7 @@
 #include "support/TempFolder.h"
 
 #include <filesystem>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,6 +35,15 @@ public:
         bytes.replace(at, from.size(), to);
         Write(piece, bytes);
         return true;
+    }
+
+    // Every file of the project: path -> bytes.
+    std::map<std::string, std::string> Snapshot() const {
+        std::map<std::string, std::string> files;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(File("")))
+            if (entry.is_regular_file())
+                files[entry.path().string()] = TempFolder::Read(entry.path().string());
+        return files;
     }
 
     // Registers the factions with every store filled: both halves of each pair stored, with
