@@ -432,7 +432,7 @@ void StagedReplacement::StageRemoval(const std::string& hostPath) {
     if (folder.dir.fd < 0)
         return; // no folder, no file to remove
     staged_.push_back(Staged{hostPath, folder.dir.fd, hostPath.substr(hostPath.rfind('/') + 1),
-                             NextTemporaryName(), true, Placed::No, true});
+                             NextTemporaryName(), true, Placed::No, true, std::nullopt});
 }
 
 void StagedReplacement::Tidy(const std::string& hostPath) {

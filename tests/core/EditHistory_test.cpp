@@ -29,13 +29,15 @@ protected:
               "[FactionProps]\r\nlegality = unlawful\r\n", "[Group]\r\nids_name = 9\r\n");
         TempFolder::Write(Host() + "/misc/factions.ini", "");
     }
-    std::string Host() const { return app() + "/projects/P"; }
+    std::string Host() const { return app.path() + "/projects/P"; }
     std::string Piece(std::string_view piece) const {
-        return modFunctions::ProjectPath(app(), "P", piece);
+        return modFunctions::ProjectPath(app.path(), "P", piece);
     }
     // The project's files the history keeps: without the protocol and the compiled folder.
     std::map<std::string, std::string> Kept() const {
-        auto files = Snapshot();
+        std::map<std::string, std::string> files;
+        for (auto& [path, bytes] : Snapshot())
+            files[path.substr(Host().size())] = std::move(bytes);
         std::erase_if(files, [](const auto& file) {
             std::string lower = file.first;
             std::transform(lower.begin(), lower.end(), lower.begin(),
@@ -55,7 +57,7 @@ protected:
 // once, imports, deletions, the protocol and a compile's output beside them, undo and redo
 // between them, merged typing), then everything undone and redone again.
 TEST_F(History, UndoingEverythingRestoresTheStartAndRedoingRestoresTheEnd) {
-    EditHistory history(project());
+    EditHistory history(Folder());
     const auto start = Kept();
     std::mt19937 random(20261125);
     const auto pick = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
@@ -66,12 +68,12 @@ TEST_F(History, UndoingEverythingRestoresTheStartAndRedoingRestoresTheEnd) {
         SCOPED_TRACE("operation " + value + " kind " + std::to_string(kind));
         switch (kind) {
         case 0:
-            Step(history, [&] { modFunctions::SaveFaction(app(), "P", nick(), "d" + value); });
+            Step(history, [&] { modFunctions::SaveFaction(app.path(), "P", nick(), "d" + value); });
             break;
         case 1:
             Step(history, [&] {
                 const std::string name = nick();
-                modFunctions::DeleteFaction(app(), "P", name, name);
+                modFunctions::DeleteFaction(app.path(), "P", name, name);
             });
             break;
         case 2:
@@ -92,16 +94,16 @@ TEST_F(History, UndoingEverythingRestoresTheStartAndRedoingRestoresTheEnd) {
             break;
         case 4:
             Step(history, [&] {
-                importer::ImportOriginalFaction(app(), pick(2) ? "ab_grp" : "cd_grp", project());
+                importer::ImportOriginalFaction(app.path(), pick(2) ? "ab_grp" : "cd_grp", Folder());
             });
             break;
         case 5:
-            Step(history, [&] { importer::ImportAllOriginalFactions(app(), project()); });
+            Step(history, [&] { importer::ImportAllOriginalFactions(app.path(), Folder()); });
             break;
         case 6: // the log and a compile's output are written, and neither is a step
             EXPECT_EQ(Step(history,
                            [&] {
-                               modFunctions::WriteProtocol(app(), "P", "entry " + value);
+                               modFunctions::WriteProtocol(app.path(), "P", "entry " + value);
                                txtReadWrite::WriteFileText(Piece("\\compiled\\emphaty.ini"), value);
                            }),
                       Closed::Nothing);
@@ -137,11 +139,11 @@ TEST_F(History, UndoingEverythingRestoresTheStartAndRedoingRestoresTheEnd) {
     const auto end = Kept();
     ASSERT_NE(end, start);
     ASSERT_GT(history.UndoCount(), 20u);
-    const auto protocol = Snapshot().at("/Protocol/protocol.txt");
+    const auto protocol = Snapshot().at(Host() + "/Protocol/protocol.txt");
     while (history.UndoCount() > 0)
         history.Undo();
     EXPECT_EQ(Kept(), start);
-    EXPECT_EQ(Snapshot().at("/Protocol/protocol.txt"), protocol); // a log is never rewound
+    EXPECT_EQ(Snapshot().at(Host() + "/Protocol/protocol.txt"), protocol); // a log is never rewound
     while (history.RedoCount() > 0)
         history.Redo();
     EXPECT_EQ(Kept(), end);
@@ -168,7 +170,7 @@ TEST_F(History, AnOutsideChangeRefusesUndoAndRedoAndWritesNothing) {
         fs::remove(a);
         fs::remove(b);
         TempFolder::Write(a, "a0");
-        EditHistory history(project());
+        EditHistory history(Folder());
         ASSERT_EQ(Step(history,
                        [&] {
                            txtReadWrite::WriteFileText(a, "a1");
@@ -196,7 +198,7 @@ TEST_F(History, AnOutsideChangeRefusesUndoAndRedoAndWritesNothing) {
 // bound is done but cannot be undone, and empties the history.
 TEST_F(History, TheMemoryBoundDropsTheOldestSteps) {
     const std::string file = Host() + "/misc/big.lst";
-    EditHistory history(project(), 10000);
+    EditHistory history(Folder(), 10000);
     std::vector<std::string> states{""};
     for (int i = 0; i < 8; ++i) {
         states.push_back(
@@ -220,10 +222,10 @@ TEST_F(History, TheMemoryBoundDropsTheOldestSteps) {
 // What is written outside a step, or outside the project, is nobody's step; a step inside
 // a step is part of it.
 TEST_F(History, OnlyTheProjectsFilesWrittenInsideAStepAreKept) {
-    EditHistory history(project());
+    EditHistory history(Folder());
     const std::string inside = Host() + "/misc/a.lst";
     txtReadWrite::WriteFileText(inside, "unrecorded");
-    EXPECT_EQ(Step(history, [&] { txtReadWrite::WriteFileText(app() + "/Kelvaro.ini", "x"); }),
+    EXPECT_EQ(Step(history, [&] { txtReadWrite::WriteFileText(app.path() + "/Kelvaro.ini", "x"); }),
               Closed::Nothing);
     history.Open("outer");
     EXPECT_EQ(Step(history, [&] { txtReadWrite::WriteFileText(inside, "one"); }), Closed::Nothing);
@@ -256,7 +258,7 @@ TEST_F(History, WritesWhileShowingRestoredFilesJoinTheRestoredState) {
         SCOPED_TRACE(undone ? "after undo" : "after redo");
         fs::remove(a);
         fs::remove(b);
-        EditHistory history(project());
+        EditHistory history(Folder());
         ASSERT_EQ(Step(history, [&] { txtReadWrite::WriteFileText(a, "step"); }), Closed::Recorded);
         history.Undo();
         if (!undone)
