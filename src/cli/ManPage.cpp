@@ -88,7 +88,7 @@ void WriteManPage(std::ostream& out) {
         WriteEntry(out, command.name, command.arguments, command.summary);
     out << ".SH EXIT STATUS\n"
            "0 on success, 1 on a usage error, 2 when the operation failed; a failed operation "
-           "leaves no file half\\-written.\n"
+           "leaves no file half\\-written; 3 when \\fBcheck\\fR found an error.\n"
            ".SH FILES\n"
         << ApplicationFolderText << EnvironmentSection;
 }
