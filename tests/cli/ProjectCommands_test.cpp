@@ -165,7 +165,8 @@ TEST_F(CliTest, CompileRefusesARegistryNameThatCouldLeaveTheProject) {
 // failure is reported, not only the first; the protocol gets no line.
 TEST_F(CliTest, EveryGameFileThatFailsToCompileIsNamed) {
     struct NoNewFiles : platform::FileCalls {
-        int Open(int, const char*, int, mode_t) override {
+        platform::FileHandle Open(const platform::FolderRef&, const char*,
+                                  platform::Opening) override {
             errno = ENOSPC;
             return -1;
         }
@@ -178,7 +179,9 @@ TEST_F(CliTest, EveryGameFileThatFailsToCompileIsNamed) {
         EXPECT_EQ(Run({"compile", "Alpha"}), 2);
     }
     for (const char* file : {"emphaty.ini", "faction_prop.ini", "initialworld.ini"})
-        EXPECT_NE(err.str().find(std::string("compiled/") + file), std::string::npos) << err.str();
+        EXPECT_NE(err.str().find(platform::HostPath(std::string("compiled/") + file)),
+                  std::string::npos)
+            << err.str();
     EXPECT_EQ(TempFolder::Read(app / "projects/Alpha/protocol/protocol.txt"), protocol);
 }
 
