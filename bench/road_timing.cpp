@@ -25,9 +25,9 @@ int main(int argc, char** argv) {
                 std::cerr << err.str();
                 return 2;
             }
-        times.push_back(std::chrono::duration<double, std::milli>(
-                            std::chrono::steady_clock::now() - start)
-                            .count());
+        times.push_back(
+            std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
+                .count());
     }
     std::sort(times.begin(), times.end());
     std::cout << "import-all + compile of 600 factions: median " << times[times.size() / 2]

@@ -410,9 +410,8 @@ void StagedReplacement::Restore(Staged& item) noexcept {
                                  RenameKind::Exchange) == 0;
         break;
     case Placed::BackedUp:
-        restored =
-            calls_.Rename(item.dir, BackupOf(item.temporary).c_str(), item.name.c_str(),
-                          RenameKind::Replace) == 0;
+        restored = calls_.Rename(item.dir, BackupOf(item.temporary).c_str(), item.name.c_str(),
+                                 RenameKind::Replace) == 0;
         break;
     }
     // When the way back fails too, the old content stays under its temporary name rather

@@ -150,8 +150,8 @@ private:
     void Place(Staged& item);
     void Restore(Staged& item) noexcept;
     FileCalls& calls_;
-    std::deque<Folder> folders_;        // each rid of leftovers when first used; a deque: stays put
-    std::vector<Staged> staged_;        // after folders_: removed first, while the folders are open
+    std::deque<Folder> folders_; // each rid of leftovers when first used; a deque: stays put
+    std::vector<Staged> staged_; // after folders_: removed first, while the folders are open
     std::optional<std::uint32_t> newFileMode_; // permissions a new file gets, once known
 };
 

@@ -50,9 +50,7 @@ public:
     int Truncate(platform::FileHandle file, std::int64_t length) override {
         return Fails() ? -1 : FileCalls::Truncate(file, length);
     }
-    int MakeFolder(const char* path) override {
-        return Fails() ? -1 : FileCalls::MakeFolder(path);
-    }
+    int MakeFolder(const char* path) override { return Fails() ? -1 : FileCalls::MakeFolder(path); }
     int Count() const { return count_; }
 
 private:

@@ -11,6 +11,7 @@
 #include <thread>
 #ifdef _WIN32
 #include "core/NativePath.h"
+
 #include <windows.h>
 #undef ReplaceFile // a macro of <windows.h>, as our function's name
 #endif
@@ -58,10 +59,8 @@ TEST(WindowsFiles, AFileHeldOpenIsWaitedForBrieflyThenRefusedNamingIt) {
         int letGoAfterMs; // -1: held until the write has failed
         bool batch;
     };
-    for (const Case& c : {Case{"held alone", -1, false},
-                          Case{"held in a batch", -1, true},
-                          Case{"let go alone", 300, false},
-                          Case{"let go in a batch", 300, true}}) {
+    for (const Case& c : {Case{"held alone", -1, false}, Case{"held in a batch", -1, true},
+                          Case{"let go alone", 300, false}, Case{"let go in a batch", 300, true}}) {
         TempFolder temp;
         const std::string held = temp.path() + "\\Held.ini";
         const std::string other = temp.path() + "\\other.ini";
@@ -123,9 +122,9 @@ TEST(WindowsFiles, DriveLettersAndNamesDifferingInCaseReachTheFileOnDisk) {
     const char drive = temp.path()[0];
     const char lower = static_cast<char>(std::tolower(static_cast<unsigned char>(drive)));
     int n = 0;
-    for (const std::string& path : {std::string(1, lower) + ":" + rest + "\\faction.ini",
-                                    std::string(1, drive) + ":" + slashed + "/FACTION.INI",
-                                    temp.path() + "\\Faction.ini"}) {
+    for (const std::string& path :
+         {std::string(1, lower) + ":" + rest + "\\faction.ini",
+          std::string(1, drive) + ":" + slashed + "/FACTION.INI", temp.path() + "\\Faction.ini"}) {
         const std::string bytes = std::to_string(++n);
         platform::ReplaceFile(path, bytes);
         EXPECT_EQ(platform::ReadBytes(path), bytes) << path;

@@ -85,10 +85,10 @@ bool HeldOpen(DWORD error) {
 
 FileHandle FileCalls::Open(const FolderRef& folder, const char* name, Opening how) {
     const bool fresh = how == Opening::NewFile;
-    const HANDLE file = ::CreateFileW(PathOf(folder, name).c_str(), GENERIC_WRITE,
-                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                      nullptr, fresh ? CREATE_NEW : OPEN_EXISTING,
-                                      FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE file =
+        ::CreateFileW(PathOf(folder, name).c_str(), GENERIC_WRITE,
+                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                      fresh ? CREATE_NEW : OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE)
         return Failed(NoFile);
     if (!fresh) {
@@ -173,8 +173,8 @@ std::optional<std::string> ReadBytes(std::string_view path) {
         const DWORD error = ::GetLastError();
         // A folder opens as "access denied": it holds no bytes, as a missing file does not.
         const DWORD attributes = ::GetFileAttributesW(WidePath(host).c_str());
-        const bool folder = attributes != INVALID_FILE_ATTRIBUTES &&
-                            (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        const bool folder =
+            attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
         if (missing(error) || (error == ERROR_ACCESS_DENIED && folder))
             return std::nullopt;
         throw FileError(host, windows::Reason(error));
@@ -189,7 +189,8 @@ std::optional<std::string> ReadBytes(std::string_view path) {
     for (;;) {
         if (total == bytes.size())
             bytes.resize(bytes.size() * 2);
-        const auto wanted = static_cast<DWORD>(std::min<std::size_t>(bytes.size() - total, 1U << 30));
+        const auto wanted =
+            static_cast<DWORD>(std::min<std::size_t>(bytes.size() - total, 1U << 30));
         DWORD got = 0;
         if (!::ReadFile(file.h, bytes.data() + total, wanted, &got, nullptr))
             throw FileError(host, windows::Reason(::GetLastError()));
@@ -221,9 +222,8 @@ bool ProcessEnded(const std::string& id) {
 }
 
 void EachName(const std::string& hostFolder, const std::function<void(const char* name)>& each) {
-    windows::ListEntries(hostFolder, [&](const std::string& name, const WIN32_FIND_DATAW&) {
-        each(name.c_str());
-    });
+    windows::ListEntries(
+        hostFolder, [&](const std::string& name, const WIN32_FIND_DATAW&) { each(name.c_str()); });
 }
 
 FileHandle OpenFolder(const std::string& hostFolder, int& error) {
