@@ -124,11 +124,19 @@ rm -f "$windows_build"/orrindel-*-windows-x64.zip
 zip=$(ls "$windows_build"/orrindel-*-windows-x64.zip)
 listing=$(python3 -c 'import sys, zipfile; print("\n".join(zipfile.ZipFile(sys.argv[1]).namelist()))' "$zip")
 for wanted in orrindel-cli.exe README.md LICENSE data/emphaty/original_factions/br_m_grp; do
-    grep -q "/$wanted\$" <<<"$listing" || {
+    grep -q "^orrindel-[^/]*/$wanted\$" <<<"$listing" || {
         echo "Windows: $zip lacks $wanted" >&2
         exit 1
     }
 done
+# Unpacked, it is a portable copy: it keeps its projects beside itself and imports from the
+# library it carries.
+unpacked=$scratch/unpacked
+python3 -c 'import sys, zipfile; zipfile.ZipFile(sys.argv[1]).extractall(sys.argv[2])' "$zip" "$unpacked"
+portable=$(ls -d "$unpacked"/orrindel-*)
+wine "$portable/orrindel-cli.exe" create Portable
+wine "$portable/orrindel-cli.exe" import Portable br_m_grp >/dev/null
+[[ -s $portable/projects/Portable/faction_prop/Shiplist_br_m_grp.lst ]]
 
 if [[ ${ORRINDEL_WINDOWS_TIMING:-0} == 1 ]]; then
     # The same storage for both: a memory file system, which Wine reaches as Z:\dev\shm.
