@@ -39,11 +39,6 @@ std::string NameOf(const std::string& hostPath) {
     return hostPath.substr(hostPath.rfind(steps::Separator()) + 1);
 }
 
-// The reason for a message; a file that another program holds open is said to be in use.
-std::string Reason(int error) {
-    return error == EBUSY ? "the file is in use by another program" : SystemReason(error);
-}
-
 // Closes an open file on scope exit, or earlier.
 struct OpenFile {
     FileHandle handle = NoFile;
@@ -65,7 +60,7 @@ void WriteAll(FileCalls& calls, FileHandle file, std::string_view bytes, const s
         if (written < 0) {
             if (errno == EINTR)
                 continue;
-            throw FileError(path, Reason(errno));
+            throw FileError(path, steps::Reason(errno));
         }
         bytes.remove_prefix(static_cast<std::size_t>(written));
     }
@@ -92,7 +87,8 @@ Temporary WriteTemporary(FileCalls& calls, const FolderRef& folder, const std::s
         temporary.name = prefix + std::to_string(counter++);
         file.handle = calls.Open(folder, temporary.name.c_str(), Opening::NewFile);
         if (file.handle == NoFile && (errno != EEXIST || attempt > 100))
-            throw FileError(target, errno == ENOENT ? "the folder does not exist" : Reason(errno));
+            throw FileError(target,
+                            errno == ENOENT ? "the folder does not exist" : steps::Reason(errno));
     }
     try {
         steps::CarryPermissions(file.handle, existing, newFileMode);
@@ -101,7 +97,7 @@ Temporary WriteTemporary(FileCalls& calls, const FolderRef& folder, const std::s
         // every keystroke's write would make editing sluggish.
         pieces([&](std::string_view piece) { WriteAll(calls, file.handle, piece, target); });
         if (steps::SyncsEachFile() && calls.Sync(file.handle) != 0)
-            throw FileError(target, Reason(errno));
+            throw FileError(target, steps::Reason(errno));
     } catch (...) {
         file.Close(); // an open file cannot be removed everywhere
         steps::RemoveName(folder, temporary.name);
@@ -198,10 +194,10 @@ void AppendBytes(std::string_view path, std::string_view bytes) {
         return;
     }
     if (file.handle == NoFile)
-        throw FileError(host, Reason(errno));
+        throw FileError(host, steps::Reason(errno));
     const std::int64_t before = steps::FileSize(file.handle);
     if (before < 0)
-        throw FileError(host, Reason(errno));
+        throw FileError(host, steps::Reason(errno));
     try {
         WriteAll(calls, file.handle, bytes, host);
     } catch (const FileError&) {
@@ -346,7 +342,7 @@ void StagedReplacement::Place(Staged& item) {
     if (staged_.size() == 1) {
         // A file replaced alone needs no way back: a plain rename puts it in place.
         if (calls_.Rename(dir, from, to, RenameKind::Replace) != 0)
-            throw FileError(item.target, Reason(errno));
+            throw FileError(item.target, steps::Reason(errno));
         item.placed = Placed::AsNew;
         return;
     }
@@ -394,7 +390,7 @@ void StagedReplacement::Place(Staged& item) {
         item.placed = Placed::AsNew;
         return;
     }
-    throw FileError(item.target, Reason(errno));
+    throw FileError(item.target, steps::Reason(errno));
 }
 
 void StagedReplacement::Restore(Staged& item) noexcept {
@@ -425,7 +421,7 @@ void StagedReplacement::Commit() {
         // The contents reach the disk before any name changes, so that a crash in the middle
         // of the renames leaves whole files, old or new.
         if (calls_.Sync(staged_.front().dir.handle) != 0)
-            throw FileError(staged_.front().target, Reason(errno));
+            throw FileError(staged_.front().target, steps::Reason(errno));
     }
     // A large batch is put in place from two threads as well; after a failure neither
     // starts another file, and every file already placed is restored.

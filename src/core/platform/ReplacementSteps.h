@@ -11,6 +11,9 @@
 
 namespace platform::steps {
 
+// The words for the errno value of a failed call: a file in use is said to be, and on Windows an
+// error that errno could only call an I/O error keeps the system's own words.
+std::string Reason(int error);
 // The separator between a folder and a name in a host path.
 char Separator();
 // This process's id, in decimal.

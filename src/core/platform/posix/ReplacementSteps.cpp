@@ -126,6 +126,10 @@ std::optional<std::string> ReadBytes(std::string_view path) {
 
 namespace steps {
 
+std::string Reason(int error) {
+    return error == EBUSY ? "the file is in use by another program" : SystemReason(error);
+}
+
 char Separator() {
     return '/';
 }

@@ -28,9 +28,14 @@ std::wstring PathOf(const FolderRef& folder, const char* name) {
     return WidePath(path + name);
 }
 
+// The last error of this thread's file calls that errno calls an I/O error, for its own words;
+// cleared by every call, so that a failure a test makes up is never told with an old reason.
+thread_local DWORD unmappedError = 0;
+
 // The system's error as the errno value the seam speaks; the reason then comes from the C
 // library's words, as on POSIX.
 int ErrnoOf(DWORD error) {
+    unmappedError = 0;
     switch (error) {
     case ERROR_FILE_NOT_FOUND:
     case ERROR_PATH_NOT_FOUND:
@@ -60,6 +65,7 @@ int ErrnoOf(DWORD error) {
     case ERROR_INVALID_PARAMETER:
         return EINVAL;
     default:
+        unmappedError = error;
         return EIO;
     }
 }
@@ -84,6 +90,7 @@ bool HeldOpen(DWORD error) {
 } // namespace
 
 FileHandle FileCalls::Open(const FolderRef& folder, const char* name, Opening how) {
+    unmappedError = 0;
     const bool fresh = how == Opening::NewFile;
     const HANDLE file =
         ::CreateFileW(PathOf(folder, name).c_str(), GENERIC_WRITE,
@@ -104,6 +111,7 @@ FileHandle FileCalls::Open(const FolderRef& folder, const char* name, Opening ho
 }
 
 std::ptrdiff_t FileCalls::Write(FileHandle file, const char* data, std::size_t size) {
+    unmappedError = 0;
     DWORD written = 0;
     const auto chunk = static_cast<DWORD>(std::min<std::size_t>(size, 1U << 30));
     if (!::WriteFile(Native(file), data, chunk, &written, nullptr))
@@ -112,6 +120,7 @@ std::ptrdiff_t FileCalls::Write(FileHandle file, const char* data, std::size_t s
 }
 
 int FileCalls::Rename(const FolderRef& folder, const char* from, const char* to, RenameKind kind) {
+    unmappedError = 0;
     if (kind == RenameKind::Exchange) {
         errno = ENOTSUP; // the caller moves the old file aside instead
         return -1;
@@ -134,10 +143,12 @@ int FileCalls::Rename(const FolderRef& folder, const char* from, const char* to,
 }
 
 int FileCalls::Sync(FileHandle file) {
+    unmappedError = 0;
     return ::FlushFileBuffers(Native(file)) ? 0 : Failed(-1);
 }
 
 int FileCalls::Truncate(FileHandle file, std::int64_t length) {
+    unmappedError = 0;
     LARGE_INTEGER position{};
     position.QuadPart = length;
     if (!::SetFilePointerEx(Native(file), position, nullptr, FILE_BEGIN) ||
@@ -147,6 +158,7 @@ int FileCalls::Truncate(FileHandle file, std::int64_t length) {
 }
 
 int FileCalls::MakeFolder(const char* path) {
+    unmappedError = 0;
     return ::CreateDirectoryW(WidePath(path).c_str(), nullptr) ? 0 : Failed(-1);
 }
 
@@ -203,6 +215,12 @@ std::optional<std::string> ReadBytes(std::string_view path) {
 }
 
 namespace steps {
+
+std::string Reason(int error) {
+    if (error == EIO && unmappedError != 0)
+        return windows::Reason(unmappedError);
+    return error == EBUSY ? "the file is in use by another program" : SystemReason(error);
+}
 
 char Separator() {
     return '\\';
