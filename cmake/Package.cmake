@@ -10,6 +10,15 @@ library, each faction's reputation behaviour, properties and place in the
 initial world. A project compiles into emphaty.ini, faction_prop.ini and
 initialworld.ini. The package holds the editor and orrindel-cli, which
 does the same work from the command line.]])
+# Windows: a zip of the portable copy (`cpack -G ZIP`), with the readme and the licence.
+if(WIN32)
+    set(CPACK_GENERATOR ZIP)
+    set(CPACK_PACKAGE_FILE_NAME ${CPACK_PACKAGE_NAME}-${PROJECT_VERSION}-windows-x64)
+    set(CPACK_STRIP_FILES ON)
+    install(FILES README.md LICENSE DESTINATION .)
+    include(CPack)
+    return()
+endif()
 set(CPACK_GENERATOR DEB)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)

@@ -2,8 +2,10 @@
 # Builds everything and runs every test: the core and window tests (the window ones offscreen),
 # then the core tests again under AddressSanitizer and UndefinedBehaviorSanitizer and under
 # ThreadSanitizer, then the Release build a packager makes, its Debian package, and that
-# package checked by the distribution's tools and installed in a scratch root. First: every
-# source file carries the licence line.
+# package checked by the distribution's tools and installed in a scratch root. Beside all
+# that, from the first build on: the Windows cross build, its tests under Wine and the two
+# systems' programs compared (scripts/test-windows.sh). First: every source file carries the
+# licence line.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/add-spdx.sh --check
@@ -13,6 +15,12 @@ export QT_QPA_PLATFORM=offscreen
 cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DORRINDEL_WERROR=ON \
     -DORRINDEL_TESTS=ON -DORRINDEL_BENCH=ON
 cmake --build build
+# The Windows checks mostly wait for Wine, so they run beside the other builds; they reuse the
+# command line just built. In a process group of their own, so that a failure here ends them.
+windows_log=build/test-windows.log
+setsid bash scripts/test-windows.sh >"$windows_log" 2>&1 &
+windows_pid=$!
+trap 'kill -- -"$windows_pid" 2>/dev/null || true' EXIT
 ctest --test-dir build --output-on-failure
 
 cmake -S . -B build-sanitize -G Ninja -DCMAKE_BUILD_TYPE=Debug -DORRINDEL_WERROR=ON \
@@ -36,3 +44,13 @@ cmake --build build-release
 rm -f build-release/orrindel_*.deb
 (cd build-release && cpack -G DEB)
 bash scripts/check-package.sh build-release/orrindel_*.deb build/bin/orrindel-cli
+
+windows_status=0
+wait "$windows_pid" || windows_status=$?
+trap - EXIT
+if ((windows_status != 0)); then
+    cat "$windows_log"
+    echo "scripts/test-windows.sh failed (exit $windows_status)" >&2
+    exit 1
+fi
+tail -n 1 "$windows_log"

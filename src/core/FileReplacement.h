@@ -4,32 +4,52 @@
 #include "core/platformBasics.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <sys/stat.h>
-#include <sys/types.h>
 #include <vector>
 
 namespace platform {
 
+// A file or folder open: a descriptor on POSIX, the system's handle on Windows, where the
+// invalid handle is -1 as well.
+using FileHandle = std::intptr_t;
+inline constexpr FileHandle NoFile = -1;
+// Where a name is looked up: a folder open (POSIX, where NoFile with an absolute name means
+// the name alone), or the folder's path (Windows: the name is joined to it, unless empty).
+struct FolderRef {
+    FileHandle handle = NoFile;
+    std::string_view path;
+};
+// What a file is opened for: a new file of its own (fails when the name exists), or appending
+// to an existing one.
+enum class Opening { NewFile, Append };
+// A rename's kind: over whatever has the new name, never over an existing file (fails with
+// EEXIST), or exchanging the two files (fails with ENOTSUP where the system cannot; the
+// caller then moves the old file aside first).
+enum class RenameKind { Replace, NoReplace, Exchange };
+
 // The calls that put bytes on disk. Everything that writes a project file goes through one of
 // these, so that a test can make the Nth call fail and look at the outcome. A large batch
 // writes and renames its files from two threads at once: the calls must allow that. Removing
-// a temporary file again is no write of the project's and stays outside.
+// a temporary file again is no write of the project's and stays outside. A call that fails
+// returns -1 (NoFile) with the reason in errno, on Windows translated from the system's code.
 class FileCalls {
 public:
     virtual ~FileCalls() = default;
-    virtual int Open(int dir, const char* name, int flags, mode_t mode); // ::openat
-    virtual ssize_t Write(int fd, const char* data, std::size_t size);   // ::write
-    // ::renameat2 within the folder open as dir, with its flags (0, RENAME_NOREPLACE or
-    // RENAME_EXCHANGE).
-    virtual int Rename(int dir, const char* from, const char* to, unsigned flags);
-    virtual int Sync(int fd);                              // ::syncfs
-    virtual int Truncate(int fd, off_t length);            // ::ftruncate
-    virtual int MakeFolder(const char* path, mode_t mode); // ::mkdir
+    virtual FileHandle Open(const FolderRef& folder, const char* name, Opening how);
+    virtual std::ptrdiff_t Write(FileHandle file, const char* data, std::size_t size);
+    // Within one folder. On Windows a file that another program holds open is waited for
+    // briefly before the rename fails with EBUSY.
+    virtual int Rename(const FolderRef& folder, const char* from, const char* to, RenameKind kind);
+    // Makes written bytes durable: on POSIX those of the whole file system the file or folder
+    // lies on (one call for a batch), on Windows those of the file.
+    virtual int Sync(FileHandle file);
+    virtual int Truncate(FileHandle file, std::int64_t length);
+    virtual int MakeFolder(const char* path);
 };
 // The system's own calls.
 FileCalls& SystemFileCalls();
@@ -107,7 +127,7 @@ private:
     enum class Placed { No, AsNew, Exchanged, BackedUp, MovedAside };
     struct Staged {
         std::string target;    // the host path, for messages
-        int dir = -1;          // the target's folder, open
+        FolderRef dir;         // the target's folder, open
         std::string name;      // the target's name in it
         std::string temporary; // the temporary file's name in it
         bool existed = false;
@@ -119,21 +139,26 @@ private:
     // save the system a walk along the whole path for every file created and renamed.
     struct Folder {
         std::string path;
-        Descriptor dir;
-        int error = 0; // why it could not be opened
+        FileHandle handle = NoFile;
+        int error = 0; // why it could not be opened (an errno value)
+        Folder() = default;
+        Folder(const Folder&) = delete;
+        Folder& operator=(const Folder&) = delete;
+        ~Folder();
+        FolderRef Ref() const { return {handle, path}; }
     };
     // The folder of a file, opened (and rid of leftover temporaries) when first asked for.
     const Folder& FolderFor(const std::string& hostPath);
     // Writes one temporary file; safe on two threads at once.
     void StageIn(const Folder& folder, const std::string& hostPath, const Pieces& pieces,
-                 Presence presence, std::optional<mode_t>& newFileMode,
+                 Presence presence, std::optional<std::uint32_t>& newFileMode,
                  std::optional<Staged>& staged);
     void Place(Staged& item);
     void Restore(Staged& item) noexcept;
     FileCalls& calls_;
-    std::deque<Folder> folders_;        // each rid of leftovers when first used; a deque: stays put
-    std::vector<Staged> staged_;        // after folders_: removed first, while the folders are open
-    std::optional<mode_t> newFileMode_; // the mode a new file gets, once known
+    std::deque<Folder> folders_; // each rid of leftovers when first used; a deque: stays put
+    std::vector<Staged> staged_; // after folders_: removed first, while the folders are open
+    std::optional<std::uint32_t> newFileMode_; // permissions a new file gets, once known
 };
 
 } // namespace platform

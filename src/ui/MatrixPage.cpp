@@ -14,7 +14,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
-#include <QFile>
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -367,7 +366,6 @@ bool MatrixPage::ExportPngTo(const QString& path, platform::FileCalls& calls) {
 bool MatrixPage::WriteExport(const QString& path, std::string_view bytes,
                              platform::FileCalls& calls) {
     // A path the user picked on this machine: spelled in the file system's own encoding.
-    return dialogs.Attempt(
-        [&] { platform::ReplaceFile(QFile::encodeName(path).toStdString(), bytes, calls); },
-        dialogs.CouldNotWrite(QDir::toNativeSeparators(path)));
+    return dialogs.Attempt([&] { platform::ReplaceFile(text::CorePath(path), bytes, calls); },
+                           dialogs.CouldNotWrite(QDir::toNativeSeparators(path)));
 }

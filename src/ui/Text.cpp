@@ -41,8 +41,24 @@ std::optional<std::string> ToFileExact(const QString& text) {
 QString NativePath(std::string_view path) {
     // The core joins its pieces with backslashes and keeps names on disk in the system's
     // file-name encoding: shown as the system spells the path.
-    return QDir::toNativeSeparators(
-        QFile::decodeName(QByteArray::fromStdString(platform::HostPath(path))));
+    return QDir::toNativeSeparators(DiskText(platform::HostPath(path)));
+}
+
+std::string CorePath(const QString& path) {
+#ifdef _WIN32
+    return path.toStdString();
+#else
+    return QFile::encodeName(path).toStdString();
+#endif
+}
+
+QString DiskText(std::string_view coreText) {
+    const QByteArray bytes(coreText.data(), static_cast<qsizetype>(coreText.size()));
+#ifdef _WIN32
+    return QString::fromUtf8(bytes);
+#else
+    return QFile::decodeName(bytes);
+#endif
 }
 
 } // namespace text

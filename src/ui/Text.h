@@ -13,4 +13,9 @@ std::string ToFile(const QString& text);
 std::optional<std::string> ToFileExact(const QString& text);
 // A path of the core ("...\\projects\\P\\misc\\factions.ini") as the user's system writes paths.
 QString NativePath(std::string_view path);
+// A path the user gave as the core takes it: in the file system's encoding on POSIX, in UTF-8
+// on Windows (where Qt's 8-bit file names are the ANSI code page, which cannot spell every
+// name). DiskText: the way back, for a path or a message of the core.
+std::string CorePath(const QString& path);
+QString DiskText(std::string_view coreText);
 } // namespace text

@@ -13,7 +13,6 @@
 #include <QClipboard>
 #include <QDir>
 #include <QEvent>
-#include <QFile>
 #include <QFileDialog>
 #include <QFontDatabase>
 #include <QGroupBox>
@@ -240,7 +239,7 @@ void XmlScriptPage::btnSaveXML_Click() {
 
 bool XmlScriptPage::SaveScriptTo(const QString& path, platform::FileCalls& calls) {
     // A path the user picked on this machine: spelled in the file system's own encoding.
-    const std::string file = QFile::encodeName(path).toStdString();
+    const std::string file = text::CorePath(path);
     return dialogs_.Attempt([&] { platform::ReplaceFile(file, text::ToFile(ScriptText()), calls); },
                             dialogs_.CouldNotWrite(QDir::toNativeSeparators(path)));
 }

@@ -5,11 +5,11 @@
 #include "core/txtReadWrite.h"
 #include "ui/Dialogs.h"
 #include "ui/Session.h"
+#include "ui/Text.h"
 #include "ui/frmMain.h"
 
 #include <QApplication>
 #include <QDir>
-#include <QFile>
 #include <QIcon>
 #include <QMessageBox>
 #include <clocale>
@@ -58,12 +58,12 @@ int main(int argc, char** argv) {
         return 1;
     }
     // The folder's path is used as the system spells it, never re-encoded.
-    std::string appDir = QFile::encodeName(folder).toStdString();
+    std::string appDir = text::CorePath(folder);
     if (appDir.empty()) {
         const auto choice = applicationFolder::Choose(platform::ExecutableFolder());
         appDir = choice.folder;
         if (!choice.problem.empty())
-            dialogs.ShowError(QFile::decodeName(QByteArray::fromStdString(choice.problem)));
+            dialogs.ShowError(text::DiskText(choice.problem));
     }
     txtReadWrite::SetApplicationDirectory(appDir);
 

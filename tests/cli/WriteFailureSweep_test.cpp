@@ -28,29 +28,29 @@ namespace fs = std::filesystem;
 class NthCallFails : public platform::FileCalls {
 public:
     NthCallFails(int failAt, int error) : failAt_(failAt), error_(error) {}
-    int Open(int dir, const char* name, int flags, mode_t mode) override {
-        return Fails() ? -1 : FileCalls::Open(dir, name, flags, mode);
+    platform::FileHandle Open(const platform::FolderRef& dir, const char* name,
+                              platform::Opening how) override {
+        return Fails() ? -1 : FileCalls::Open(dir, name, how);
     }
-    ssize_t Write(int fd, const char* data, std::size_t size) override {
+    std::ptrdiff_t Write(platform::FileHandle file, const char* data, std::size_t size) override {
         if (!Fails())
-            return FileCalls::Write(fd, data, size);
-        if (size > 1 && FileCalls::Write(fd, data, size / 2) < 0)
+            return FileCalls::Write(file, data, size);
+        if (size > 1 && FileCalls::Write(file, data, size / 2) < 0)
             return -1;
         errno = error_;
         return -1;
     }
-    int Rename(int dir, const char* from, const char* to, unsigned flags) override {
-        return Fails() ? -1 : FileCalls::Rename(dir, from, to, flags);
+    int Rename(const platform::FolderRef& dir, const char* from, const char* to,
+               platform::RenameKind kind) override {
+        return Fails() ? -1 : FileCalls::Rename(dir, from, to, kind);
     }
     // Counted, but kept from the disk: the sweep is about failures, not about a crash, and a
     // thousand syncs of a busy machine's disk would take minutes.
-    int Sync(int) override { return Fails() ? -1 : 0; }
-    int Truncate(int fd, off_t length) override {
-        return Fails() ? -1 : FileCalls::Truncate(fd, length);
+    int Sync(platform::FileHandle) override { return Fails() ? -1 : 0; }
+    int Truncate(platform::FileHandle file, std::int64_t length) override {
+        return Fails() ? -1 : FileCalls::Truncate(file, length);
     }
-    int MakeFolder(const char* path, mode_t mode) override {
-        return Fails() ? -1 : FileCalls::MakeFolder(path, mode);
-    }
+    int MakeFolder(const char* path) override { return Fails() ? -1 : FileCalls::MakeFolder(path); }
     int Count() const { return count_; }
 
 private:
@@ -89,7 +89,7 @@ std::vector<std::string> Temporaries(const std::string& appDir) {
 }
 
 bool IsProtocol(const std::string& path) {
-    return path.ends_with("/protocol.txt");
+    return path.ends_with(platform::HostPath("/protocol.txt"));
 }
 
 // The texts of a protocol's entries ("<date>    <time>: <text>", then two line ends); nullopt

@@ -6,7 +6,7 @@
 
 class FullDisk : public platform::FileCalls {
 public:
-    ssize_t Write(int, const char*, std::size_t) override {
+    std::ptrdiff_t Write(platform::FileHandle, const char*, std::size_t) override {
         errno = ENOSPC;
         return -1;
     }

@@ -63,7 +63,7 @@ bool IsKind(int folderFd, const dirent& entry, EntryKind kind) {
 
 void CreateFolder(std::string_view path) {
     const std::string host = ResolvePath(path);
-    if (CurrentFileCalls().MakeFolder(host.c_str(), 0777) != 0) {
+    if (CurrentFileCalls().MakeFolder(host.c_str()) != 0) {
         if (errno == EEXIST)
             throw FileError(host, "a file or folder of that name exists already");
         throw FileError(host, SystemReason(errno));

@@ -1,7 +1,10 @@
 #include "core/FolderOperations.h"
 
+#include "core/FileReplacement.h"
 #include "core/PathLookup.h"
 #include "core/platform/windows/Win32.h"
+
+#include <cerrno>
 
 namespace platform {
 namespace {
@@ -60,11 +63,10 @@ bool IsKind(const std::string& hostPath, const WIN32_FIND_DATAW& entry, EntryKin
 
 void CreateFolder(std::string_view path) {
     const std::string host = ResolvePath(path);
-    if (!::CreateDirectoryW(WidePath(host).c_str(), nullptr)) {
-        const DWORD error = ::GetLastError();
-        if (error == ERROR_ALREADY_EXISTS || error == ERROR_FILE_EXISTS)
+    if (CurrentFileCalls().MakeFolder(host.c_str()) != 0) {
+        if (errno == EEXIST)
             throw FileError(host, "a file or folder of that name exists already");
-        throw FileError(host, windows::Reason(error));
+        throw FileError(host, SystemReason(errno));
     }
 }
 
