@@ -27,18 +27,6 @@ std::string Compiled(const std::string& project, const char* name) {
 
 } // namespace
 
-TEST(CutBlocks, SkipsTheHeadAndDropsTheSeparatingEmptyLines) {
-    const auto blocks =
-        CutBlocks("//comment\r\n\r\n[Group]\r\nnickname = a_grp\r\nrep = 1, a_grp\r\n"
-                  "\r\n\r\n[Group]\r\nnickname = b_grp\r\n",
-                  "[Group]", "nickname");
-    ASSERT_EQ(blocks.size(), 2u);
-    EXPECT_EQ(blocks[0].name, "a_grp");
-    EXPECT_EQ(blocks[0].lines,
-              (std::vector<std::string>{"[Group]", "nickname = a_grp", "rep = 1, a_grp"}));
-    EXPECT_EQ(blocks[1].name, "b_grp");
-}
-
 // Refused or repeated names write nothing; a cut that fails part-way removes the folders it
 // made.
 TEST(CutLibrary, ARefusedOrFailedCutLeavesNothingBehind) {

@@ -96,32 +96,4 @@ TEST(ReputationMatrix, AsymmetryComparesNumbersByValueAndTheRestAsText) {
     EXPECT_TRUE(matrix::Differ(m, 0, 1));
 }
 
-TEST(ReputationMatrix, FilterNarrowsByGroupAndNicknameTextIgnoringCase) {
-    const std::vector<std::string> nicks = {"li_n_grp", "LI_p_grp", "fc_x_grp",
-                                            "K\xC4"
-                                            "fer"};
-    const std::vector<std::string> groups = {"Liberty", "Liberty", "Corsairs", "Bugs"};
-    EXPECT_EQ(matrix::Filter(nicks, groups, "", ""), (std::vector<std::size_t>{0, 1, 2, 3}));
-    EXPECT_EQ(matrix::Filter(nicks, groups, "Liberty", ""), (std::vector<std::size_t>{0, 1}));
-    EXPECT_EQ(matrix::Filter(nicks, groups, "", "Li_"), (std::vector<std::size_t>{0, 1}));
-    EXPECT_EQ(matrix::Filter(nicks, groups, "Liberty", "p_"), (std::vector<std::size_t>{1}));
-    EXPECT_EQ(matrix::Filter(nicks, groups, "liberty", ""), (std::vector<std::size_t>{}));
-    EXPECT_EQ(matrix::Filter(nicks, groups, "", "k\xE4"), (std::vector<std::size_t>{3}));
-}
-
-TEST_F(ReputationMatrixTest, CsvAndTabsHoldTheValuesAsReadInUtf8) {
-    const auto rates = matrix::Load(Store::Emphaty, folder, factions);
-    EXPECT_EQ(matrix::Formatted(rates, {0, 1, 2}, matrix::Format::Csv), ",A,B,\xC3\x84\r\n"
-                                                                        "A,1.5,-0.5,friendly\r\n"
-                                                                        "B,0.3,,\"a\r\nb\"\r\n"
-                                                                        "\xC3\x84,,,\r\n");
-    EXPECT_EQ(matrix::Formatted(rates, {2, 1}, matrix::Format::Tabs), "\t\xC3\x84\tB\n"
-                                                                      "\xC3\x84\t\t\n"
-                                                                      "B\ta/20&\\b\t\n");
-    matrix::Matrix quoted({"A"});
-    quoted.Set(0, 0, "say \"hi\", then");
-    EXPECT_EQ(matrix::Formatted(quoted, {0}, matrix::Format::Csv),
-              ",A\r\nA,\"say \"\"hi\"\", then\"\r\n");
-}
-
 } // namespace

@@ -246,26 +246,6 @@ private slots:
                  before.at("emphaty/new/reps_A.facts"));
     }
 
-    void aFailedExportIsToldNamingTheFileAndLeavesItAsItWas() {
-        page->Reload();
-        XmlScriptPage script(*dialogs);
-        script.findChild<QTextEdit*>("rtfXML")->setPlainText("<script/>");
-        FullDisk full;
-        const std::pair<const char*, std::function<bool(const QString&)>> exports[] = {
-            {"x.csv", [&](const QString& path) { return page->ExportCsvTo(path, full); }},
-            {"x.png", [&](const QString& path) { return page->ExportPngTo(path, full); }},
-            {"x.xml", [&](const QString& path) { return script.SaveScriptTo(path, full); }},
-        };
-        for (const auto& [name, exportTo] : exports) {
-            dialogs->shown.clear();
-            const std::string file = *folder / name;
-            TempFolder::Write(file, "before");
-            QVERIFY2(!exportTo(QString::fromStdString(file)), name);
-            QCOMPARE(dialogs->shown.size(), std::size_t(1)); // its wording is the Dialogs test's
-            QVERIFY(dialogs->shown[0].text.contains(QString::fromStdString(file)));
-            QCOMPARE(TempFolder::Read(file), std::string("before"));
-        }
-    }
 };
 
 QTEST_MAIN(MatrixPageTest)

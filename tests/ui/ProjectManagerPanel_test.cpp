@@ -106,18 +106,6 @@ private slots:
         QCOMPARE(Projects(), QStringList{"Beta"});
     }
 
-    void FoldersNamedInUtf8AreListedAndOthersLeftOutAndTold() {
-        fs::create_directory(*folder / "projects/Gr\xC3\xB6\xC3\x9F"
-                                       "e");
-        fs::create_directory(*folder / "projects/Gr\xF6\xDF"
-                                       "e 1252");
-        page->RefreshProjectList();
-        QCOMPARE(Projects(), (QStringList{QString::fromUtf8("Gr\xC3\xB6\xC3\x9F"
-                                                            "e"),
-                                          "P"}));
-        QCOMPARE(dialogs->shown.size(), std::size_t(1));
-        QVERIFY(dialogs->shown[0].text.contains("is left out: the name is not UTF-8"));
-    }
 };
 
 QTEST_MAIN(ProjectManagerPanelTest)

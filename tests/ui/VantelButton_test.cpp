@@ -83,46 +83,6 @@ private slots:
         QCOMPARE(Shown(button), QString("imgDown"));
     }
 
-    void HoverCheckFollowsThePointer() {
-        QWidget window;
-        auto* button = new VantelButton(&window);
-        auto* other = new QWidget(&window);
-        button->move(20, 20);
-        other->setGeometry(20, 60, 127, 22);
-        window.resize(300, 100);
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        QCursor::setPos(other->mapToGlobal(QPoint(5, 5)));
-        QTest::qWait(200);
-        EventLog log(*button);
-
-        // Over the caption: it has no window of its own, so it counts as the button.
-        QCursor::setPos(
-            button->mapToGlobal(button->findChild<QLabel*>("lblCaption")->geometry().center()));
-        QTRY_COMPARE_WITH_TIMEOUT(log.events, QStringList({"MouseOver"}), 300);
-        QCOMPARE(Shown(*button), QString("imgOver"));
-
-        // Pressed and released under the pointer: stays up until the pointer leaves.
-        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(60, 11));
-        QTest::qWait(400);
-        QCOMPARE(log.events, QStringList({"MouseOver", "ButtonDown", "ButtonUp", "Click"}));
-        QCOMPARE(Shown(*button), QString("imgUp"));
-
-        QCursor::setPos(other->mapToGlobal(QPoint(5, 5)));
-        QTRY_COMPARE_WITH_TIMEOUT(log.events.size(), 5, 300);
-        QCOMPARE(log.events.last(), QString("ButtonUp"));
-        QCursor::setPos(button->mapToGlobal(QPoint(3, 3)));
-        QTRY_COMPARE_WITH_TIMEOUT(log.events.size(), 6, 300);
-        QCOMPARE(log.events.last(), QString("MouseOver"));
-        QCOMPARE(Shown(*button), QString("imgOver"));
-
-        // Disabled, the hover check ignores the pointer.
-        button->setEnabled(false);
-        QCursor::setPos(other->mapToGlobal(QPoint(5, 5)));
-        QTest::qWait(400); // two hover checks
-        QCOMPARE(log.events.size(), 6);
-    }
-
     void KeyboardAndAssistiveTechnologyClickIt() {
         QGroupBox frame("Projektmanager");
         auto* first = new VantelButton(&frame);

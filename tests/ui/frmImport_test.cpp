@@ -64,47 +64,6 @@ private:
     }
 
 private slots:
-    void chosenNicknamePersistsAcrossImports() {
-        Setup s;
-        s.Load("P");
-        emit s.btnImport->Click();
-        frmImport* dialog = s.actions->ImportDialog();
-        QVERIFY(dialog && dialog->isVisible());
-        auto* File1 = dialog->findChild<QListWidget*>("File1");
-        auto* importButton = dialog->findChild<VantelButton*>("btnImport");
-        QVERIFY(!importButton->isEnabled()); // nothing chosen yet
-
-        emit File1->itemClicked(File1->findItems("li_n_grp", Qt::MatchExactly).front());
-        // Twice without a new click: the same faction, a protocol line each (that a re-import
-        // leaves the same bytes is the importer's test).
-        emit importButton->Click();
-        emit importButton->Click();
-        QCOMPARE(s.shownFactions, std::vector<std::string>{"li_n_grp"});
-        QCOMPARE(Count(s.Protocol(), "Original imported..."), 2);
-
-        emit File1->itemClicked(File1->findItems("br_n_grp", Qt::MatchExactly).front());
-        emit importButton->Click();
-        QCOMPARE(s.shownFactions, (std::vector<std::string>{"li_n_grp", "br_n_grp"}));
-        QVERIFY(s.dialogs.shown.empty());
-
-        // Choosing with the keyboard counts as a click.
-        QTest::keyClick(File1, Qt::Key_Down);
-        QCOMPARE(dialog->ChosenNickname(), text::ToFile(File1->currentItem()->text()));
-        QVERIFY(dialog->ChosenNickname() != "br_n_grp");
-
-        // A further click on the main window's button brings the same dialog forward.
-        emit s.btnImport->Click();
-        QCOMPARE(s.actions->ImportDialog(), dialog);
-        emit dialog->findChild<VantelButton*>("VantelButton1")->Click();
-        QTRY_VERIFY(!s.actions->ImportDialog());
-
-        // Without the library folder the dialog is told and ends.
-        std::filesystem::remove_all(s.temp / "data/emphaty");
-        emit s.btnImport->Click();
-        QCOMPARE(s.dialogs.shown.size(), std::size_t(1));
-        QTRY_VERIFY(!s.actions->ImportDialog());
-    }
-
     // The dialog imports into the project that lblActiveProject shows; import all into
     // ActiveProject.
     void singleImportFollowsTheCaptionImportAllTheMember() {
