@@ -30,7 +30,6 @@ private slots:
         QVERIFY(!dialogs.shown[1].text.startsWith("ignored"));
         QVERIFY(dialogs.shown[1].text.contains("a\\b"));
     }
-
 };
 
 QTEST_MAIN(DialogsTest)

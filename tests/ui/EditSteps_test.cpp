@@ -177,7 +177,6 @@ private slots:
                      dialogs->shown[0].text.contains("grp.ini"),
                  qPrintable(dialogs->shown[0].text));
     }
-
 };
 
 QTEST_MAIN(EditStepsTest)

@@ -245,7 +245,6 @@ private slots:
         QCOMPARE(TempFolder::Read(File("\\faction_prop\\Bodylist_x.lst")),
                  "li_captain_head, li_male_elite_body, comm_br_elite\r\n\r\n");
     }
-
 };
 
 QTEST_MAIN(FactionPropsPageTest)

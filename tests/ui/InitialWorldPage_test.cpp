@@ -92,10 +92,7 @@ private slots:
                              "ids_short_name=error\r\nids_info=error\r\nrh_grp=-0.3\r\n"));
         QCOMPARE(Rep(0), QString("0.2"));
         QCOMPARE(Rep(1), QString("-0.3"));
-        for (const auto& asked : dialogs->asked) // always "0.0", not the current value
-            QCOMPARE(asked.defaultText, QString("0.0"));
     }
-
 };
 
 QTEST_MAIN(InitialWorldPageTest)

@@ -46,30 +46,6 @@ private slots:
     }
     void cleanup() { ClosePage(); }
 
-    void NamesGiveAProjectOrAToldRefusal() {
-        const struct {
-            const char* name;
-            QStringList projects; // after the attempt
-            const char* told;     // the start of the message; "" when none
-        } cases[] = {
-            // No project is loaded: the tree is made, its protocol line has nowhere to go.
-            {"Alpha", {"Alpha", "P"}, "An error occured during create your project.\r\nError 76: "},
-            {"Alpha", {"Alpha", "P"}, "An error occured during create your project.\r\nError 75: "},
-            {"a/b", {"Alpha", "P"}, "An error occured during create your project."},
-        };
-        for (const auto& c : cases) {
-            dialogs->shown.clear();
-            Create(QString::fromUtf8(c.name));
-            QCOMPARE(Projects(), c.projects);
-            QCOMPARE(dialogs->shown.size(), std::size_t(1));
-            QCOMPARE(dialogs->shown[0].icon, QMessageBox::Critical);
-            QVERIFY2(dialogs->shown[0].text.startsWith(c.told), qPrintable(dialogs->shown[0].text));
-        }
-        QVERIFY(fs::is_directory(*folder / "projects/Alpha/emphaty/new"));
-        QVERIFY(!fs::exists(*folder / "projects/a"));
-        QVERIFY(!fs::exists(*folder / "projects/Alpha/Protocol/protocol.txt"));
-    }
-
     void LoadCreateIntoTheLoadedProtocolShowItAndDelete() {
         QSignalSpy loaded(page.get(), &ProjectManagerPanel::ProjectLoaded);
         QSignalSpy deleted(page.get(), &ProjectManagerPanel::ProjectDeleted);
@@ -105,7 +81,6 @@ private slots:
         QCOMPARE(Get<QLabel>("lblActiveProject")->text(), QString("P"));
         QCOMPARE(Projects(), QStringList{"Beta"});
     }
-
 };
 
 QTEST_MAIN(ProjectManagerPanelTest)

@@ -103,15 +103,6 @@ private slots:
         QCOMPARE(Get<QLabel>("lblFactionsGesamt")->text(), QString("2"));
         QCOMPARE(dialogs->shown.size(), std::size_t(2));
         QVERIFY(dialogs->shown[1].text.contains("../up"));
-
-        // Failed writes are told with the file, for a save and for a delete.
-        fs::remove_all(File("misc"));
-        Save("fc_c", "C");
-        ClickFaction("one");
-        emit Get<VantelButton>("btnnewfactiondel")->Click();
-        QCOMPARE(dialogs->shown.size(), std::size_t(4));
-        QVERIFY(dialogs->shown[2].text.contains("factions.ini"));
-        QVERIFY(dialogs->shown[3].text.contains("factions.ini"));
     }
 
     // The list's menu: F2, the Menu key and Shift+F10 reach it; a rename or a copy reloads

@@ -111,22 +111,14 @@ private slots:
         dialogs->Answer("-0.2");
         DoubleClick();
         QCOMPARE(File("emphaty/new/reps_B.facts"), std::string("[A]\r\nrep=-0.2\r\n"));
-        // The own row: edit and mirror are the same entry of the same file.
-        Select(0);
-        dialogs->Answer("0.9");
-        DoubleClick();
-        QCOMPARE(File("emphaty/new/reps_A.facts"),
-                 std::string("[A]\r\nrep=0.9\r\n[B]\r\nrep=-0.2\r\n"));
 
         // Choosing another faction and coming back shows the stored rates.
         Choose(1);
         QCOMPARE(List()->topLevelItem(0)->text(2), QStringLiteral("-0.2"));
         QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("0.0"));
         Choose(0);
-        QCOMPARE(List()->topLevelItem(0)->text(2), QStringLiteral("0.9"));
         QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("-0.2"));
     }
-
 };
 
 QTEST_MAIN(ReputationPageTest)

@@ -38,51 +38,6 @@ QString Shown(const VantelButton& button) {
 class VantelButtonTest : public QObject {
     Q_OBJECT
 private slots:
-    void CaptionFollowsTheNameUntilSetAndShowsItsAccessKey() {
-        VantelButton button;
-        button.setObjectName("VantelButton4");
-        QCOMPARE(button.findChild<QLabel*>("lblCaption")->text(), QString("VantelButton4"));
-        QCOMPARE(Shown(button), QString("imgUp"));
-        // "&" marks the access key, "&&" is one "&"; the rest is shown as plain text.
-        button.setCaption("De&lete <all> && more");
-        button.setObjectName("renamed"); // a set caption no longer follows the name
-        QCOMPARE(button.Caption(), QString("De&lete <all> && more"));
-        QCOMPARE(button.findChild<QLabel*>("lblCaption")->text(),
-                 QString("De<u>l</u>ete &lt;all&gt; &amp; more"));
-        QCOMPARE(QAccessible::queryAccessibleInterface(&button)->text(QAccessible::Name),
-                 QString("Delete <all> & more")); // read aloud without the marks
-    }
-
-    void LeftPressShowsDownAndReleaseRaisesButtonUpThenClick() {
-        VantelButton button;
-        EventLog log(button);
-        QTest::mouseClick(&button, Qt::RightButton, {}, QPoint(60, 11));
-        QTest::mouseClick(&button, Qt::MiddleButton, {}, QPoint(60, 11));
-        QVERIFY(log.events.isEmpty());
-
-        QTest::mousePress(&button, Qt::LeftButton, {}, QPoint(60, 11));
-        QCOMPARE(log.events, QStringList({"ButtonDown"}));
-        QCOMPARE(Shown(button), QString("imgDown"));
-        QTest::mouseRelease(&button, Qt::LeftButton, {}, QPoint(60, 11));
-        QCOMPARE(log.events, QStringList({"ButtonDown", "ButtonUp", "Click"}));
-        QCOMPARE(Shown(button), QString("imgUp"));
-
-        // Released off the button: back to up, no click.
-        log.events.clear();
-        QTest::mousePress(&button, Qt::LeftButton, {}, QPoint(60, 11));
-        QTest::mouseRelease(&button, Qt::LeftButton, {}, QPoint(300, 11));
-        QCOMPARE(log.events, QStringList({"ButtonDown", "ButtonUp"}));
-
-        // Disabled while down: nothing more is raised and the picture stays.
-        log.events.clear();
-        QTest::mousePress(&button, Qt::LeftButton, {}, QPoint(60, 11));
-        button.setEnabled(false);
-        QTest::mouseRelease(&button, Qt::LeftButton, {}, QPoint(60, 11));
-        QTest::mouseClick(&button, Qt::LeftButton, {}, QPoint(60, 11));
-        QCOMPARE(log.events, QStringList({"ButtonDown"}));
-        QCOMPARE(Shown(button), QString("imgDown"));
-    }
-
     void KeyboardAndAssistiveTechnologyClickIt() {
         QGroupBox frame("Projektmanager");
         auto* first = new VantelButton(&frame);

@@ -59,15 +59,6 @@ private slots:
         Press(Child<VantelButton>(page, "btnCreateXML"));
         QCOMPARE(page.ScriptText(), withHeader);
 
-        // Each field feeds its own element: the name is taken as typed, markup and all; the
-        // empty and markup forms of every element are the builder's test.
-        Child<QLineEdit>(page, "txtHeadModName")->setText(" A<&\"B\" ");
-        Child<QLineEdit>(page, "txtHeadModDescr")->clear();
-        Press(Child<VantelButton>(page, "btnCreateXML"));
-        QVERIFY(page.ScriptText().startsWith("<script>\r\n<header name=\" A<&\"B\" \">\r\n"));
-        QVERIFY(page.ScriptText().contains("<description>\r\n\r\n</description>"));
-        QVERIFY(dialogs.shown.empty());
-
         // A character the file cannot hold is refused naming the field; the box keeps its text.
         const QString before = page.ScriptText();
         Child<QLineEdit>(page, "txtHeadModAutor")->setText(QString::fromUtf8("\xC5\x81\xC3\xB3"));

@@ -1,6 +1,5 @@
-// The main window driven through its real widgets: the top row, the way between the
-// project manager and the faction pages, and the language switch across every page. The
-// panels themselves have tests of their own. Modal boxes are answered by ScriptedDialogs.
+// The main window driven through its real widgets: the language switch across every page.
+// The panels themselves have tests of their own. Modal boxes are answered by ScriptedDialogs.
 #include "core/modFunctions.h"
 #include "ui/Captions.h"
 #include "ui/MatrixPage.h"
@@ -8,18 +7,14 @@
 #include "ui/support/FullDisk.h"
 #include "ui/support/MainWindowFixture.h"
 
-#include <QAbstractButton>
 #include <QAccessible>
 #include <QAction>
-#include <QApplication>
 #include <QDialog>
 #include <QGroupBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTabWidget>
 #include <QTest>
-#include <QTimer>
 #include <filesystem>
 
 namespace fs = std::filesystem;
@@ -28,19 +23,7 @@ class frmMainTest : public QObject, protected MainWindowFixture {
     Q_OBJECT
 
 private:
-    QTimer* Timer(const char* name) { return Get<QTimer>(name); }
     void Click(const char* button) { emit Get<VantelButton>(button)->Click(); }
-    // Fires a timer's handler until the timer stops itself.
-    void RunTimer(const char* timer) {
-        const QByteArray handler = QByteArray(timer) + "_Timer";
-        int ticks = 0;
-        while (Timer(timer)->isActive() && ticks < 10000) {
-            // The handler belongs to the panel or animation that owns the timer.
-            if (!QMetaObject::invokeMethod(Timer(timer)->parent(), handler.constData()))
-                qFatal("no handler %s", handler.constData());
-            ++ticks;
-        }
-    }
     void Select(const QString& project) {
         const auto found = Get<QListWidget>("lstProjects")->findItems(project, Qt::MatchExactly);
         QCOMPARE(found.size(), 1);
@@ -60,33 +43,6 @@ private slots:
         OpenWindow();
     }
     void cleanup() { CloseWindow(); }
-
-    // Loading slides from the project manager to the faction pages with the import buttons
-    // enabled; the arrow slides back and forth, and without a project it does nothing.
-    void LoadingSlidesToTheFactionsAndTheArrowSlidesBack() {
-        QCOMPARE(window->windowTitle(), QString("Orrindel 2.0 beta 2 || Halvex"));
-        QVERIFY(Get<VantelButton>("VantelButton3")->Bold()); // German is the shown language
-        QTest::mouseClick(Get<QLabel>("Label4"), Qt::LeftButton);
-        QVERIFY(!Timer("Timer3")->isActive());
-        QVERIFY(!Get<VantelButton>("btnImportAll")->isEnabled());
-
-        LoadProject("P");
-        QVERIFY(Get<VantelButton>("btnImportAll")->isEnabled());
-        QCOMPARE(Get<QLabel>("lblActiveProject")->text(), QString("P"));
-        const struct {
-            const char* timer;
-            const char* arrow; // after the slide
-            bool managerShown;
-        } slides[] = {{"Timer3", "<--", false}, {"Timer4", "-->", true}, {"Timer3", "<--", false}};
-        for (const auto& slide : slides) {
-            if (&slide != slides) // the load starts the first slide
-                QTest::mouseClick(Get<QLabel>("Label4"), Qt::LeftButton);
-            RunTimer(slide.timer);
-            QCOMPARE(Get<QLabel>("Label4")->text(), QString(slide.arrow));
-            QCOMPARE(Get<QGroupBox>("Frame1")->isHidden(), !slide.managerShown);
-            QCOMPARE(Get<QGroupBox>("Frame2")->isHidden(), slide.managerShown);
-        }
-    }
 
     // Every row of the captions table reaches exactly one control of the window, in both
     // languages and back; the import dialog, another window, keeps its own captions.
@@ -188,7 +144,6 @@ private slots:
         check(captions::Language::German, false);
         spot("&Beenden", "Stimmen", "Scroll-Tempo", " konnte nicht geschrieben werden: ");
     }
-
 };
 
 QTEST_MAIN(frmMainTest)
