@@ -140,33 +140,6 @@ TEST(ProjectCheck, SoundChangesGiveNoFinding) {
             << (changes.empty() ? "" : changes[0].to.value_or(""));
 }
 
-TEST(ProjectCheck, FaultsWithTwoFindings) {
-    // The renamed section is nobody's (a note) and b_grp's events are gone (a warning).
-    auto findings = CheckChanged({{"emphaty/new/grp.ini", "[b_grp]", "[b_grp_old]"}});
-    ASSERT_EQ(findings.size(), 2u) << check::TextReport(findings);
-    EXPECT_EQ(findings[0].severity, Severity::Note);
-    EXPECT_NE(findings[1].message.find("compile as \"0.0\""), std::string::npos);
-    findings = CheckChanged(
-        {{"faction_prop/Shiplist_a_grp.lst", Whole, "br_m_ge_fighter2_d1-4\r\n\r\n  \r\n\r\n"}});
-    ASSERT_EQ(findings.size(), 2u) << check::TextReport(findings);
-    EXPECT_EQ(findings[1].stored, "  ");
-}
-
-TEST(ProjectCheck, FilesOfAFactionNamedBeyondAsciiAreRead) {
-    // Its files are named in UTF-8 on disk, the finding names them as the registry does.
-    const std::string report = check::TextReport(CheckChanged({{"misc/factions.ini", "[a_grp]",
-                                                                "[K\xE4"
-                                                                "fer]\r\ngrp=Beetles\r\n[a_grp]"},
-                                                               {"emphaty/new/reps_K\xC3\xA4"
-                                                                "fer.facts",
-                                                                Whole, "[a_grp]\r\nrep=2\r\n"}}));
-    EXPECT_NE(report.find("K\xE4"
-                          "fer\temphaty\\new\\reps_K\xE4"
-                          "fer.facts\t[a_grp] rep\t"),
-              std::string::npos)
-        << report;
-}
-
 TEST(ProjectCheck, ChangesNoFileAndAMissingProjectIsAnError) {
     TestProject project;
     project.Fill({"a_grp", "b_grp"});
@@ -190,35 +163,6 @@ TEST(ProjectCheckLibrary, ShippedLibraryImportedWholeHasNoFinding) {
         importer::ImportAllOriginalFactions(app.path(), modFunctions::ProjectPath(app.path(), "P"));
     ASSERT_EQ(result.imported.size(), 43u);
     EXPECT_EQ(check::TextReport(check::CheckProject(app.path(), "P")), "");
-}
-
-TEST(ProjectCheckReport, TextAndJsonForms) {
-    const std::vector<Finding> findings = {
-        {Severity::Error, Store::Reputation, "a_grp", "emphaty\\new\\grp.ini", "[a_grp] o_d", "0,5",
-         "The event value \"0,5\" is not a number."},
-        {Severity::Note, Store::Registry,
-         "K\xE4"
-         "fer",
-         "misc\\factions.ini", "", "a\tb\r\n", "Two\tfields."},
-    };
-    EXPECT_EQ(check::TextReport(findings),
-              "error\ta_grp\temphaty\\new\\grp.ini\t[a_grp] o_d\tThe event value \"0,5\" is not "
-              "a number.\n"
-              "note\tK\xE4"
-              "fer\tmisc\\factions.ini\t\tTwo fields.\n");
-    EXPECT_EQ(check::JsonReport(findings),
-              "[\n"
-              "  {\"severity\": \"error\", \"faction\": \"a_grp\", \"file\": "
-              "\"emphaty\\\\new\\\\grp.ini\", \"where\": \"[a_grp] o_d\", \"stored\": \"0,5\", "
-              "\"message\": \"The event value \\\"0,5\\\" is not a number.\"},\n"
-              "  {\"severity\": \"note\", \"faction\": \"K\xE4"
-              "fer\", \"file\": "
-              "\"misc\\\\factions.ini\", \"where\": \"\", \"stored\": \"a\\u0009b\\u000d\\u000a\", "
-              "\"message\": \"Two\\u0009fields.\"}\n"
-              "]\n");
-    EXPECT_EQ(check::JsonReport({}), "[]\n");
-    EXPECT_TRUE(check::HasError(findings));
-    EXPECT_FALSE(check::HasError({findings[1]}));
 }
 
 } // namespace

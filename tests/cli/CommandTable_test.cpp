@@ -50,32 +50,4 @@ TEST_F(CommandTable, EveryCommandFileIsListedAndTheHelpShowsItsSynopsis) {
     EXPECT_EQ(files, cli::Commands().size());
 }
 
-TEST_F(CommandTable, WrongArgumentCountsAreUsageErrorsOfTheCommandRun) {
-    const struct {
-        std::vector<std::string> args;
-        std::string firstErrorLine;
-    } cases[] = {
-        {{"library", "x"}, "orrindel-cli library: takes no arguments"},
-        {{"projects", "x"}, "orrindel-cli projects: takes no arguments"},
-        {{"create"}, "usage: orrindel-cli create NAME"},
-        {{"delete", "a", "b"}, "usage: orrindel-cli delete NAME"},
-        {{"add-faction", "P", "N", "G", "x"},
-         "usage: orrindel-cli add-faction PROJECT NICK [GROUP]"},
-        {{"import", "P"}, "usage: orrindel-cli import PROJECT NICK..."},
-        {{"ini-get", "f", "s"}, "usage: orrindel-cli ini-get FILE SECTION KEY [DEFAULT]"},
-        {{"compile"}, "usage: orrindel-cli compile PROJECT [emphaty|faction_prop|initialworld]..."},
-        {{"script", "--url"}, "orrindel-cli script: --url needs a value"},
-        {{"cut-library", "--into"}, "orrindel-cli cut-library: --into needs a value"},
-        {{"cut-library", "--bogus", "x"}, "orrindel-cli cut-library: unknown option \"--bogus\""},
-    };
-    for (const auto& [args, firstErrorLine] : cases) {
-        EXPECT_EQ(Run(args), cli::Usage) << args[0];
-        EXPECT_EQ(err.str().substr(0, err.str().find('\n')), firstErrorLine);
-        EXPECT_EQ(out.str(), "");
-    }
-    // Nothing ran: no project was made by the refused calls.
-    EXPECT_EQ(Run({"projects"}), cli::Ok);
-    EXPECT_EQ(out.str(), "");
-}
-
 } // namespace

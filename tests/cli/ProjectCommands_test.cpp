@@ -29,7 +29,6 @@ TEST(ProjectCommands, AProjectLivesFromCreateToDelete) {
                                 "ber \xE2\x82\xAC Mod";
     const std::string root = cli.appDir + "/projects/" + project;
     ASSERT_EQ(cli.Run({"create", project}), 0) << cli.err.str();
-    EXPECT_EQ(cli.Run({"create", project}), 2);
     ASSERT_EQ(cli.Run({"import",
                        "\xC3\xBC"
                        "BER \xE2\x82\xAC MOD",
@@ -37,7 +36,6 @@ TEST(ProjectCommands, AProjectLivesFromCreateToDelete) {
               0)
         << cli.err.str();
     ASSERT_EQ(cli.Run({"add-faction", project, "h\xC3\xA4ndler_grp", "\xC5\x92"}), 0);
-    EXPECT_EQ(cli.Run({"add-faction", project, "bad=name"}), 2);
     EXPECT_EQ(TempFolder::Read(root + "/misc/factions.ini"),
               "[gr\xF6\xDF"
               "e_grp]\r\ngrp=Gr\xF6\xDF"
@@ -55,7 +53,6 @@ TEST(ProjectCommands, AProjectLivesFromCreateToDelete) {
         EXPECT_NE(compiled.find(line), std::string::npos) << line;
     EXPECT_EQ(cli.Run({"protocol", project}), 0);
     EXPECT_NE(cli.out.str().find(": Project created.\r\n\r\n"), std::string::npos);
-    EXPECT_EQ(cli.Run({"remove-faction", project, "H\xC3\x84NDLER_grp"}), 2); // exact names only
     EXPECT_EQ(cli.Run({"remove-faction", project, "h\xC3\xA4ndler_grp"}), 0);
     EXPECT_EQ(TempFolder::Read(root + "/misc/factions.ini"), "[gr\xF6\xDF"
                                                              "e_grp]\r\ngrp=Gr\xF6\xDF"
@@ -69,7 +66,6 @@ TEST(ProjectCommands, AProjectLivesFromCreateToDelete) {
     EXPECT_EQ(cli.Run({"projects"}), 0);
     EXPECT_EQ(cli.out.str(), project + "\n");
     EXPECT_EQ(cli.Run({"delete", project}), 0);
-    EXPECT_EQ(cli.Run({"delete", project}), 2);
     EXPECT_FALSE(std::filesystem::exists(platform::NativePath(root)));
     EXPECT_TRUE(std::filesystem::is_directory(platform::NativePath(library)));
 }

@@ -249,33 +249,4 @@ TEST_F(History, OnlyTheProjectsFilesWrittenInsideAStepAreKept) {
     EXPECT_EQ(TempFolder::Read(inside), "[s]\r\nk=outside\r\n");
 }
 
-// Views that show restored files may write defaults back; those writes join the state the
-// undo (or redo) put back, so the way back is not refused for them.
-TEST_F(History, WritesWhileShowingRestoredFilesJoinTheRestoredState) {
-    const std::string a = Host() + "/initialworld/grp.ini";
-    const std::string b = Host() + "/misc/b.lst";
-    for (const bool undone : {true, false}) {
-        SCOPED_TRACE(undone ? "after undo" : "after redo");
-        fs::remove(a);
-        fs::remove(b);
-        EditHistory history(Folder());
-        ASSERT_EQ(Step(history, [&] { txtReadWrite::WriteFileText(a, "step"); }), Closed::Recorded);
-        history.Undo();
-        if (!undone)
-            history.Redo();
-        history.Open({});
-        txtReadWrite::WriteFileText(a, "default");
-        txtReadWrite::WriteFileText(b, "default");
-        history.CloseIntoRestored(undone);
-        EXPECT_EQ(history.UndoCount() + history.RedoCount(), 1u);
-        undone ? history.Redo() : history.Undo(); // not refused
-        EXPECT_EQ(fs::exists(a), undone);
-        EXPECT_EQ(TempFolder::Read(a), undone ? "step\r\n" : "");
-        EXPECT_FALSE(fs::exists(b));
-        undone ? history.Undo() : history.Redo();
-        EXPECT_EQ(TempFolder::Read(a), "default\r\n");
-        EXPECT_EQ(TempFolder::Read(b), "default\r\n");
-    }
-}
-
 } // namespace

@@ -114,18 +114,6 @@ TEST(IniDocument, SectionsFindTheirKeysAlikeBelowAndAboveTheIndexedSize) {
     }
 }
 
-TEST(IniDocument, ValuesAreTheLinesAReadCanReach) {
-    IniDocument doc("k=before any section\r\n[a]\r\nx = 1 \r\nX=shadowed\r\n; note\r\n[b]\r\n"
-                    "y=2\r\n[A]\r\nz=shadowed too\r\n");
-    doc.Write("b", "w", "new");
-    std::string seen;
-    doc.ForEachValue([&seen](const IniDocument::Value& value) {
-        seen += std::string(value.section) + "|" + std::string(value.key) + "|" +
-                std::string(value.stored) + "|" + std::to_string(value.line) + "\n";
-    });
-    EXPECT_EQ(seen, "a|x|1|3\nb|y|2|7\nb|w|new|8\n");
-}
-
 TEST(IniDocument, CopiesKeepWrittenLinesApartAndWritable) {
     IniDocument doc;
     for (int i = 0; i < 3000; ++i) // more written bytes than one block holds

@@ -100,15 +100,6 @@ TEST_F(ProjectTest, DeletingAFactionRemovesAllSevenOfItsFilesAndNoOtherFactions)
         EXPECT_TRUE(std::filesystem::exists(app / ("projects/Alpha/" + file))) << file;
 }
 
-TEST(RegistryWithoutFaction, EmptiesOnlyTheFactionsOwnTwoLines) {
-    const std::string text =
-        "[a]\r\ngrp=Shared\r\n[b]\r\nRep=1\r\ngrp=Shared\r\n[c]\r\ngrp=Shared\r\n";
-    EXPECT_EQ(RegistryWithoutFaction(text, "b", "Shared"),
-              "[a]\r\ngrp=Shared\r\n\r\nRep=1\r\n\r\n[c]\r\ngrp=Shared\r\n");
-    // A group line written with blanks is not the exact line and stays.
-    EXPECT_EQ(RegistryWithoutFaction("[a]\ngrp = G\n", "a", "G"), "\ngrp = G\n");
-}
-
 TEST(ListFiles, EmptyLinesAreSkippedAndBlankOnesKept) {
     TempFolder dir;
     TempFolder::Write(dir / "Shiplist_x.lst", "one\r\n  \r\n\r\ntwo\r\n\r\n");

@@ -40,18 +40,6 @@ TEST(WriteIni, WritesThroughTheFileAndOnlyWhenTheValueChanges) {
     EXPECT_THROW(WriteIni("a", "k", "2", dir / "missing/x.ini"), IniWriteError);
 }
 
-TEST(DefaultIniPath, EmptyFileArgumentUsesTheSettingsFileOfTheApplicationFolder) {
-    TempFolder dir;
-    SetApplicationDirectory(dir.path());
-    EXPECT_EQ(GetDefaultIniPath(), dir.path() + "\\Kelvaro.ini");
-    WriteIni("s", "k", "v", "");
-    EXPECT_EQ(TempFolder::Read(dir / "Kelvaro.ini"), "[s]\r\nk=v\r\n");
-    EXPECT_EQ(ReadIni("s", "k", "", ""), "v");
-    SetApplicationDirectory("C:\\");
-    EXPECT_EQ(GetDefaultIniPath(), "C:\\Kelvaro.ini");
-    SetApplicationDirectory(platform::ExecutableFolder());
-}
-
 TEST(TextFiles, WritersAddOneCrLfAndReadersTakeLinesAsStored) {
     TempFolder dir;
     const std::string file = dir / "t.txt";

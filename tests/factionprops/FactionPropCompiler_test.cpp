@@ -80,7 +80,7 @@ TEST(FactionPropCompiler, EachSheetAndItsListsGiveTheGameBlock) {
     }
 }
 
-TEST(FactionPropCompiler, FactionsInTheGivenOrderAndAFailedWriteKeepsThePreviousFile) {
+TEST(FactionPropCompiler, FactionsInTheGivenOrder) {
     TestProject project;
     project.Write("faction_prop/grp.ini", "[b]\r\njump=both\r\n[a]\r\njump=jumphole\r\n");
     CompileFactionProp(project.Folder(), {});
@@ -92,11 +92,6 @@ TEST(FactionPropCompiler, FactionsInTheGivenOrderAndAFailedWriteKeepsThePrevious
                         "false\r\nscan_chance = 0.0\r\n\r\n[FactionProps]\r\naffiliation = b\r\n"),
               std::string::npos);
     EXPECT_TRUE(both.ends_with("scan_chance = 0.0\r\n\r\n\r\n"));
-
-    std::filesystem::remove(project.File("compiled/faction_prop.ini"));
-    std::filesystem::create_directory(project.File("compiled/faction_prop.ini"));
-    EXPECT_THROW(CompileFactionProp(project.Folder(), {"a"}), platform::FileError);
-    EXPECT_TRUE(std::filesystem::is_directory(project.File("compiled/faction_prop.ini")));
 }
 
 } // namespace

@@ -1,6 +1,4 @@
 #include "LibraryFixture.h"
-#include "core/FolderOperations.h"
-#include "core/platformBasics.h"
 #include "factionprops/FactionPropCompiler.h"
 #include "import/CutLibrary.h"
 #include "import/Import.h"
@@ -26,48 +24,6 @@ std::string Compiled(const std::string& project, const char* name) {
 }
 
 } // namespace
-
-TEST(CutBlocks, SkipsTheHeadAndDropsTheSeparatingEmptyLines) {
-    const auto blocks =
-        CutBlocks("//comment\r\n\r\n[Group]\r\nnickname = a_grp\r\nrep = 1, a_grp\r\n"
-                  "\r\n\r\n[Group]\r\nnickname = b_grp\r\n",
-                  "[Group]", "nickname");
-    ASSERT_EQ(blocks.size(), 2u);
-    EXPECT_EQ(blocks[0].name, "a_grp");
-    EXPECT_EQ(blocks[0].lines,
-              (std::vector<std::string>{"[Group]", "nickname = a_grp", "rep = 1, a_grp"}));
-    EXPECT_EQ(blocks[1].name, "b_grp");
-}
-
-// Refused or repeated names write nothing; a cut that fails part-way removes the folders it
-// made.
-TEST(CutLibrary, ARefusedOrFailedCutLeavesNothingBehind) {
-    TempFolder temp;
-    TempFolder::Write(temp / "e.ini", "[RepChangeEffects]\r\ngroup = a_grp\r\n"
-                                      "[RepChangeEffects]\r\ngroup = A_GRP\r\n");
-    TempFolder::Write(temp / "f.ini", "[FactionProps]\r\naffiliation = x:y\r\n");
-    TempFolder::Write(temp / "w.ini", "[Group]\r\nnickname = li.n_grp\r\n");
-    // 101 letters "\xE9" are 202 bytes as a file name.
-    TempFolder::Write(temp / "long.ini", "[Group]\r\nnickname = " + std::string(101, '\xE9'));
-    EXPECT_THROW(CutLibrary(temp / "lib", {temp / "e.ini", {}, {}}), CutError);
-    EXPECT_THROW(CutLibrary(temp / "lib", {{}, temp / "f.ini", {}}), CutError);
-    EXPECT_THROW(CutLibrary(temp / "lib", {{}, {}, temp / "w.ini"}), CutError);
-    try {
-        CutLibrary(temp / "lib", {{}, {}, temp / "long.ini"});
-        ADD_FAILURE() << "a name too long on disk was cut";
-    } catch (const CutError& error) {
-        EXPECT_NE(std::string(error.what()).find("longer than 200 bytes"), std::string::npos);
-    }
-    EXPECT_FALSE(std::filesystem::exists(temp / "lib"));
-    TempFolder::Write(temp / "e.ini", "[RepChangeEffects]\r\ngroup = a_grp\r\n");
-    TempFolder::Write(temp / "f.ini", "[FactionProps]\r\naffiliation = a_grp\r\n");
-    std::filesystem::create_directory(temp.path() + "/lib");
-    // A file where the second library folder must go: the first is made before that fails.
-    TempFolder::Write(temp / "lib/faction_prop", "");
-    EXPECT_THROW(CutLibrary(temp / "lib", {temp / "e.ini", temp / "f.ini", {}}),
-                 platform::FileError);
-    EXPECT_TRUE(platform::ListFolder(temp / "lib", platform::EntryKind::Folders).empty());
-}
 
 // Compile a project, cut a library from the three files, import it all into a new project
 // whose registry then follows the library's order, compile again: the same three files.

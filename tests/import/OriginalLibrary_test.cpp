@@ -38,47 +38,6 @@ TEST(ReadOriginalReputation, ReadsEventAndEmpathyLinesByPositionAndCase) {
               "li_p_grp=0.25;br_n_grp=.5;li_p_grp=0.3;gd_z_grp=;");
 }
 
-TEST(ReadOriginalReputation, ReadsTheGroupAsAnIniValueAndOnlySixtyLines) {
-    std::string text = Lines({"[RepChangeEffects]", "group   =   the group  "});
-    for (int line = 3; line <= 59; ++line)
-        text += "; filler\r\n";
-    text += "event = object_destruction, -0.5\r\n"; // line 60
-    text += "event = random_mission_success, 0.5\r\nnot a rule: no comma\r\n";
-    text += "emphaty_rate = x\r\n"; // malformed, but past the lines read
-    const auto reputation = ParseOriginalReputation(text, "entry");
-    EXPECT_EQ(reputation.group, "the group");
-    ASSERT_EQ(reputation.events.size(), 1u);
-    EXPECT_EQ(reputation.events[0].value, "-0.5");
-}
-
-TEST(ReadOriginalFactionProps, SingleValuesAndFiveListsByPrefix) {
-    const auto props = ParseOriginalFactionProps(
-        Lines({"[FactionProps]", "affiliation = x_grp", "legality = lawful",
-               "formation_desig = 100, 101", "formation = fighters, fighter_basic",
-               "npc_ship = ship_a", "voice = ", "space_costume = h, b, c",
-               "scan_for_cargo = commodity_gold", " npc_ship = skipped", "NPC_SHIP = skipped",
-               "npc_ship =  two blanks "}),
-        "entry");
-    EXPECT_EQ(props.values[0], "lawful");
-    EXPECT_EQ(props.values[8], "100, 101"); // formation_desig
-    EXPECT_EQ(props.values[12], "");        // scan_chance missing
-    EXPECT_EQ(props.ships, (std::vector<std::string>{"ship_a", " two blanks "}));
-    EXPECT_EQ(props.voices, (std::vector<std::string>{""}));
-    EXPECT_EQ(props.bodyParts, (std::vector<std::string>{"h, b, c"}));
-    EXPECT_EQ(props.scans, (std::vector<std::string>{"commodity_gold"}));
-    EXPECT_EQ(props.formations, (std::vector<std::string>{"fighters, fighter_basic"}));
-}
-
-TEST(ReadOriginalInitialWorld, ValueComesBeforeTheNickname) {
-    const auto world = ParseOriginalInitialWorld(
-        Lines({"[Group]", "nickname = x_grp", "ids_name = 1", "ids_short_name = 3",
-               "rep = 0.5, li_n_grp", "rep = -0.2,br_n_grp", " rep = 9, skipped"}),
-        "entry");
-    EXPECT_EQ(world.idsName + world.idsInfo + world.idsShortName, "13");
-    EXPECT_EQ(Pairs(world.reputations, &StartingReputation::nickname, &StartingReputation::value),
-              "li_n_grp=0.5;r_n_grp=-0.2;");
-}
-
 TEST(OriginalLibraryValidation, MalformedRecognisedLinesAreNamedByLine) {
     enum Kind { Rep, Props, World };
     const struct {

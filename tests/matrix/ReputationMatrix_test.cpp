@@ -46,18 +46,15 @@ TEST_F(ReputationMatrixTest, CellsAreWhatAReadOfEachStoreReturns) {
                                                       "1,0", "-", "-"}));
 }
 
+// Which texts are numbers is the number rule's test; here the scale and the missing value.
 TEST(ReputationMatrix, ValuesReadOnTheScaleAsTheGameReadsNumbers) {
     EXPECT_EQ(matrix::Read("", false).kind, Kind::Missing);
-    const std::pair<const char*, double> numbers[] = {
-        {"-0.3", -0.3}, {"+.5", 0.5}, {"1", 1}, {"-1.0", -1}, {"1e-1", 0.1}};
-    for (const auto& [text, number] : numbers) {
+    EXPECT_EQ(matrix::Read("+.5", true).number, 0.5);
+    for (const char* text : {"-1.0", "1"})
         EXPECT_EQ(matrix::Read(text, true).kind, Kind::Number) << text;
-        EXPECT_EQ(matrix::Read(text, true).number, number) << text;
-    }
     for (const char* text : {"1.01", "-7"})
         EXPECT_EQ(matrix::Read(text, true).kind, Kind::OutOfRange) << text;
-    for (const char* word : {"", "0,5", "nan", "inf", ".", "-", "0.1.2", "0.5x", "- 1"})
-        EXPECT_EQ(matrix::Read(word, true).kind, Kind::NotANumber) << word;
+    EXPECT_EQ(matrix::Read("0,5", true).kind, Kind::NotANumber);
 }
 
 TEST_F(ReputationMatrixTest, EditsLeaveTheMatrixAsAFreshLoadReadsIt) {
@@ -81,47 +78,17 @@ TEST_F(ReputationMatrixTest, EditsLeaveTheMatrixAsAFreshLoadReadsIt) {
               "-0.25\r\n");
 }
 
-TEST(ReputationMatrix, AsymmetryComparesNumbersByValueAndTheRestAsText) {
-    matrix::Matrix m({"A", "B", "C", "D"});
-    const std::pair<const char*, const char*> pairs[] = {{"0.5", "0.50"}, {"x", "x"}, {"", ""}};
-    for (std::size_t i = 0; i < std::size(pairs); ++i) {
-        m.Set(i, i + 1, pairs[i].first);
-        m.Set(i + 1, i, pairs[i].second);
-        EXPECT_FALSE(matrix::Differ(m, i, i + 1)) << i;
-    }
-    EXPECT_FALSE(matrix::Differ(m, 0, 3)); // neither stored
-    m.Set(3, 0, "");
-    EXPECT_TRUE(matrix::Differ(m, 0, 3)); // stored blank against missing
+// Numbers compare by value (how is the number rule's test); a missing entry is not a blank one.
+TEST(ReputationMatrix, AsymmetryComparesNumbersByValueAndAMissingEntryApart) {
+    matrix::Matrix m({"A", "B", "C"});
+    m.Set(0, 1, "0.5");
+    m.Set(1, 0, "0.50");
+    EXPECT_FALSE(matrix::Differ(m, 0, 1));
+    EXPECT_FALSE(matrix::Differ(m, 0, 2)); // neither stored
+    m.Set(2, 0, "");
+    EXPECT_TRUE(matrix::Differ(m, 0, 2)); // stored blank against missing
     m.Set(1, 0, "-0.5");
     EXPECT_TRUE(matrix::Differ(m, 0, 1));
-}
-
-TEST(ReputationMatrix, FilterNarrowsByGroupAndNicknameTextIgnoringCase) {
-    const std::vector<std::string> nicks = {"li_n_grp", "LI_p_grp", "fc_x_grp",
-                                            "K\xC4"
-                                            "fer"};
-    const std::vector<std::string> groups = {"Liberty", "Liberty", "Corsairs", "Bugs"};
-    EXPECT_EQ(matrix::Filter(nicks, groups, "", ""), (std::vector<std::size_t>{0, 1, 2, 3}));
-    EXPECT_EQ(matrix::Filter(nicks, groups, "Liberty", ""), (std::vector<std::size_t>{0, 1}));
-    EXPECT_EQ(matrix::Filter(nicks, groups, "", "Li_"), (std::vector<std::size_t>{0, 1}));
-    EXPECT_EQ(matrix::Filter(nicks, groups, "Liberty", "p_"), (std::vector<std::size_t>{1}));
-    EXPECT_EQ(matrix::Filter(nicks, groups, "liberty", ""), (std::vector<std::size_t>{}));
-    EXPECT_EQ(matrix::Filter(nicks, groups, "", "k\xE4"), (std::vector<std::size_t>{3}));
-}
-
-TEST_F(ReputationMatrixTest, CsvAndTabsHoldTheValuesAsReadInUtf8) {
-    const auto rates = matrix::Load(Store::Emphaty, folder, factions);
-    EXPECT_EQ(matrix::Formatted(rates, {0, 1, 2}, matrix::Format::Csv), ",A,B,\xC3\x84\r\n"
-                                                                        "A,1.5,-0.5,friendly\r\n"
-                                                                        "B,0.3,,\"a\r\nb\"\r\n"
-                                                                        "\xC3\x84,,,\r\n");
-    EXPECT_EQ(matrix::Formatted(rates, {2, 1}, matrix::Format::Tabs), "\t\xC3\x84\tB\n"
-                                                                      "\xC3\x84\t\t\n"
-                                                                      "B\ta/20&\\b\t\n");
-    matrix::Matrix quoted({"A"});
-    quoted.Set(0, 0, "say \"hi\", then");
-    EXPECT_EQ(matrix::Formatted(quoted, {0}, matrix::Format::Csv),
-              ",A\r\nA,\"say \"\"hi\"\", then\"\r\n");
 }
 
 } // namespace

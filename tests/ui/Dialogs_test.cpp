@@ -30,33 +30,6 @@ private slots:
         QVERIFY(!dialogs.shown[1].text.startsWith("ignored"));
         QVERIFY(dialogs.shown[1].text.contains("a\\b"));
     }
-
-    // Exports name the user's file and the system's reason once, in the shown language.
-    void CouldNotWriteNamesTheFileAndTheReasonInTheShownLanguage() {
-        struct Case {
-            captions::Language language;
-            QString expected;
-        };
-        const Case cases[] = {
-            {captions::Language::German,
-             "/home/m/x.csv konnte nicht geschrieben werden: No space left on device"},
-            {captions::Language::English, "Could not write /home/m/x.csv: No space left on device"},
-        };
-        for (const Case& c : cases) {
-            ScriptedDialogs dialogs;
-            dialogs.SetLanguage(c.language);
-            QVERIFY(!dialogs.Attempt(
-                [] { throw platform::FileError("/home/m/x.csv", "No space left on device"); },
-                dialogs.CouldNotWrite("/home/m/x.csv")));
-            QCOMPARE(dialogs.shown.at(0).text, c.expected);
-        }
-        // An error that names no file still says what went wrong.
-        ScriptedDialogs dialogs;
-        dialogs.SetLanguage(captions::Language::English);
-        dialogs.Attempt([] { throw std::runtime_error("out of memory"); },
-                        dialogs.CouldNotWrite("x.csv"));
-        QCOMPARE(dialogs.shown.at(0).text, "Could not write x.csv: out of memory");
-    }
 };
 
 QTEST_MAIN(DialogsTest)

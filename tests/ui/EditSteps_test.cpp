@@ -177,24 +177,6 @@ private slots:
                      dialogs->shown[0].text.contains("grp.ini"),
                  qPrintable(dialogs->shown[0].text));
     }
-
-    // Deleting a project moves it to the trash; loading another project starts a new history.
-    void DeletingGoesToTheTrashAndAnotherProjectStartsAnew() {
-        LoadProject();
-        UserClick(Get<VantelButton>("btnImportAll")); // nothing to import: no step
-        Get<QLineEdit>("txtNewNick")->setText("fc_x");
-        UserClick(Get<VantelButton>("btnnewfactionnew"));
-        QVERIFY(Undo()->isEnabled());
-        modFunctions::CreateProjectFolders(folder->path(), "Q");
-        emit Get<VantelButton>("VantelButton4")->Click();
-        auto* projects = Get<QListWidget>("lstProjects");
-        projects->setCurrentItem(projects->findItems("Q", Qt::MatchExactly).front());
-        emit Get<VantelButton>("VantelButton6")->Click();
-        QVERIFY(!Undo()->isEnabled());
-        emit Get<VantelButton>("VantelButton5")->Click();
-        QVERIFY(!fs::exists((*folder) / "projects/Q"));
-        QVERIFY(fs::is_directory((*folder) / "data home/Trash/files/Q/misc"));
-    }
 };
 
 QTEST_MAIN(EditStepsTest)

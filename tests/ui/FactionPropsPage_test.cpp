@@ -245,34 +245,6 @@ private slots:
         QCOMPARE(TempFolder::Read(File("\\faction_prop\\Bodylist_x.lst")),
                  "li_captain_head, li_male_elite_body, comm_br_elite\r\n\r\n");
     }
-
-    void FailedWritesAreShownNamingTheFile() {
-        Pick(1);
-        platform::DeleteFolderTree(File("\\faction_prop"));
-        Get<QComboBox>("cboFPShips")->setEditText(QStringLiteral("li_n_cruiser_d22"));
-        Get<VantelButton>("VantelButton9")->click();
-        QCOMPARE(Get<QListWidget>("lstFPShips")->count(), 0);
-        Get<QLineEdit>("txtFPlsd")->setText(QStringLiteral("x"));
-        QCOMPARE(dialogs->shown.size(), std::size_t(2));
-        QVERIFY(dialogs->shown[0].text.contains(QStringLiteral("Shiplist_x.lst")));
-        QVERIFY(dialogs->shown[1].text.contains(QStringLiteral("grp.ini")));
-        // A load into the missing folder reports once.
-        Pick(0);
-        QCOMPARE(dialogs->shown.size(), std::size_t(3));
-    }
-
-    // The file's format is the compiler's test; the page compiles the factions it lists.
-    void CompileWalksThePickerAndWritesTheProtocol() {
-        page->ClearFactions();
-        page->AddFactions({{"a", "a", "0.0"}, {"b", "b", "0.0"}});
-        Get<VantelButton>("btnCompileFP")->click();
-        const std::string out = TempFolder::Read(File("\\compiled\\faction_prop.ini"));
-        QVERIFY(out.find("affiliation = a\r\n") < out.find("affiliation = b\r\n"));
-        QVERIFY(out.find("affiliation = b\r\n") != std::string::npos);
-        QVERIFY(TempFolder::Read(File("\\protocol\\protocol.txt"))
-                    .ends_with("Faction_Prop.ini created...\r\n\r\n"));
-        QVERIFY(dialogs->shown.empty());
-    }
 };
 
 QTEST_MAIN(FactionPropsPageTest)

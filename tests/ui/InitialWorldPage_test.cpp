@@ -92,41 +92,6 @@ private slots:
                              "ids_short_name=error\r\nids_info=error\r\nrh_grp=-0.3\r\n"));
         QCOMPARE(Rep(0), QString("0.2"));
         QCOMPARE(Rep(1), QString("-0.3"));
-        for (const auto& asked : dialogs->asked) // always "0.0", not the current value
-            QCOMPARE(asked.defaultText, QString("0.0"));
-    }
-
-    void failedWriteIsShownNamingTheFile() {
-        TempFolder::Write(DataPath(),
-                          "[li_police]\r\nids_name=1\r\nids_short_name=2\r\nids_info=3\r\n");
-        Choose(0);
-        std::filesystem::permissions(DataPath(), std::filesystem::perms::owner_read);
-        dialogs->Answer("0.9");
-        DoubleClick(1);
-        QTest::keyClicks(Get<QLineEdit>("txtInitInfo"), "4");
-        QCOMPARE(dialogs->shown.size(), std::size_t(2));
-        for (const auto& shown : dialogs->shown)
-            QVERIFY(shown.icon == QMessageBox::Critical && shown.text.contains("grp.ini"));
-        QCOMPARE(Rep(1), QString());
-    }
-
-    void compileWritesFileAndProtocolOrShowsFailure() {
-        TempFolder::Write(DataPath(), "[rh_grp]\r\nli_police=-0.65\r\n");
-        emit Get<VantelButton>("VantelButton13")->Click();
-        const std::string output =
-            TempFolder::Read(*folder / "projects/Mod/compiled/initialworld.ini");
-        QVERIFY(output.find("rep = -0.65, li_police\r\n") != std::string::npos); // format: core's
-        QVERIFY(Protocol().find(": Initialworld.ini created...\r\n\r\n") != std::string::npos);
-
-        std::filesystem::remove(*folder / "projects/Mod/compiled/initialworld.ini");
-        std::filesystem::remove(*folder / "projects/Mod/compiled");
-        emit Get<VantelButton>("VantelButton13")->Click();
-        QCOMPARE(dialogs->shown.size(), std::size_t(1));
-        QVERIFY(dialogs->shown[0].text.contains("initialworld.ini"));
-        session->ActiveProject.clear(); // no project: nothing at all
-        emit Get<VantelButton>("VantelButton13")->Click();
-        QCOMPARE(dialogs->shown.size(), std::size_t(1));
-        QCOMPARE(Protocol().find("Initialworld"), Protocol().rfind("Initialworld"));
     }
 };
 

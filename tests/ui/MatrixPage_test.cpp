@@ -2,14 +2,12 @@
 // exactly what the one-faction pages' edits leave, and that an edit shows at once what a
 // reload would show, the mirrored cell included.
 #include "core/modFunctions.h"
-#include "support/FullDisk.h"
 #include "support/PageFixture.h"
 #include "ui/InitialWorldPage.h"
 #include "ui/MatrixModel.h"
 #include "ui/MatrixPage.h"
 #include "ui/ReputationPage.h"
 #include "ui/Session.h"
-#include "ui/XmlScriptPage.h"
 
 #include <QAccessible>
 #include <QAccessibleTableInterface>
@@ -20,7 +18,6 @@
 #include <QSignalSpy>
 #include <QTableView>
 #include <QTest>
-#include <QTextEdit>
 #include <QTreeWidget>
 #include <filesystem>
 #include <memory>
@@ -195,20 +192,11 @@ private slots:
             page->Reload();
             QCOMPARE(Cells(), shown);
             QCOMPARE(Stores("Grid"), Stores("Page"));
-            const auto box = [](const ScriptedDialogs::Asked& a) {
-                return a.prompt + "|" + a.title + "|" + a.defaultText;
-            };
-            QCOMPARE(box(dialogs->asked.back()), box(pageDialogs.asked.back()));
         }
         // A cancelled box writes nothing.
         const auto before = Stores("Grid");
         emit Grid()->doubleClicked(Model()->index(0, 1));
         QCOMPARE(Stores("Grid"), before);
-        // Enter on the current cell asks as a double-click does.
-        Grid()->setCurrentIndex(Model()->index(1, 0));
-        dialogs->Answer("0.125");
-        QTest::keyClick(Grid(), Qt::Key_Return);
-        QCOMPARE(Cell(1, 0), QString("0.125"));
         QVERIFY(dialogs->shown.empty());
     }
 
@@ -244,27 +232,6 @@ private slots:
         QCOMPARE(Cell(0, 1), QString("-0.5"));
         QCOMPARE(TempFolder::Read(*folder / "projects/Grid/emphaty/new/reps_A.facts"),
                  before.at("emphaty/new/reps_A.facts"));
-    }
-
-    void aFailedExportIsToldNamingTheFileAndLeavesItAsItWas() {
-        page->Reload();
-        XmlScriptPage script(*dialogs);
-        script.findChild<QTextEdit*>("rtfXML")->setPlainText("<script/>");
-        FullDisk full;
-        const std::pair<const char*, std::function<bool(const QString&)>> exports[] = {
-            {"x.csv", [&](const QString& path) { return page->ExportCsvTo(path, full); }},
-            {"x.png", [&](const QString& path) { return page->ExportPngTo(path, full); }},
-            {"x.xml", [&](const QString& path) { return script.SaveScriptTo(path, full); }},
-        };
-        for (const auto& [name, exportTo] : exports) {
-            dialogs->shown.clear();
-            const std::string file = *folder / name;
-            TempFolder::Write(file, "before");
-            QVERIFY2(!exportTo(QString::fromStdString(file)), name);
-            QCOMPARE(dialogs->shown.size(), std::size_t(1)); // its wording is the Dialogs test's
-            QVERIFY(dialogs->shown[0].text.contains(QString::fromStdString(file)));
-            QCOMPARE(TempFolder::Read(file), std::string("before"));
-        }
     }
 };
 

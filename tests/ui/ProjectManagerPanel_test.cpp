@@ -46,30 +46,6 @@ private slots:
     }
     void cleanup() { ClosePage(); }
 
-    void NamesGiveAProjectOrAToldRefusal() {
-        const struct {
-            const char* name;
-            QStringList projects; // after the attempt
-            const char* told;     // the start of the message; "" when none
-        } cases[] = {
-            // No project is loaded: the tree is made, its protocol line has nowhere to go.
-            {"Alpha", {"Alpha", "P"}, "An error occured during create your project.\r\nError 76: "},
-            {"Alpha", {"Alpha", "P"}, "An error occured during create your project.\r\nError 75: "},
-            {"a/b", {"Alpha", "P"}, "An error occured during create your project."},
-        };
-        for (const auto& c : cases) {
-            dialogs->shown.clear();
-            Create(QString::fromUtf8(c.name));
-            QCOMPARE(Projects(), c.projects);
-            QCOMPARE(dialogs->shown.size(), std::size_t(1));
-            QCOMPARE(dialogs->shown[0].icon, QMessageBox::Critical);
-            QVERIFY2(dialogs->shown[0].text.startsWith(c.told), qPrintable(dialogs->shown[0].text));
-        }
-        QVERIFY(fs::is_directory(*folder / "projects/Alpha/emphaty/new"));
-        QVERIFY(!fs::exists(*folder / "projects/a"));
-        QVERIFY(!fs::exists(*folder / "projects/Alpha/Protocol/protocol.txt"));
-    }
-
     void LoadCreateIntoTheLoadedProtocolShowItAndDelete() {
         QSignalSpy loaded(page.get(), &ProjectManagerPanel::ProjectLoaded);
         QSignalSpy deleted(page.get(), &ProjectManagerPanel::ProjectDeleted);
@@ -104,19 +80,6 @@ private slots:
         QVERIFY(session->ActiveProject.empty());
         QCOMPARE(Get<QLabel>("lblActiveProject")->text(), QString("P"));
         QCOMPARE(Projects(), QStringList{"Beta"});
-    }
-
-    void FoldersNamedInUtf8AreListedAndOthersLeftOutAndTold() {
-        fs::create_directory(*folder / "projects/Gr\xC3\xB6\xC3\x9F"
-                                       "e");
-        fs::create_directory(*folder / "projects/Gr\xF6\xDF"
-                                       "e 1252");
-        page->RefreshProjectList();
-        QCOMPARE(Projects(), (QStringList{QString::fromUtf8("Gr\xC3\xB6\xC3\x9F"
-                                                            "e"),
-                                          "P"}));
-        QCOMPARE(dialogs->shown.size(), std::size_t(1));
-        QVERIFY(dialogs->shown[0].text.contains("is left out: the name is not UTF-8"));
     }
 };
 

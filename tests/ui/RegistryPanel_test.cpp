@@ -1,12 +1,17 @@
 // The faction registry panel built on its own: what the registry list, the count and the
 // project's files show after each button.
+#include "ui/InitialWorldPage.h"
 #include "ui/RegistryPanel.h"
 #include "ui/VantelButton.h"
 #include "ui/support/PageFixture.h"
 
+#include <QApplication>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QTest>
+#include <QTimer>
 #include <QTreeWidget>
 #include <filesystem>
 
@@ -35,14 +40,25 @@ class RegistryPanelTest : public QObject, protected PageFixture<RegistryPanel> {
         emit list->itemClicked(found.front(), 0);
     }
     std::string File(const std::string& piece) { return *folder / ("projects/P/" + piece); }
-    // A faction's seven files.
-    std::vector<std::string> Own(const std::string& nick) {
-        std::vector<std::string> files = {"emphaty/new/reps_" + nick + ".facts",
-                                          "emphaty/new/" + nick + ".tmp"};
-        for (const char* list :
-             {"Shiplist_", "Voicelist_", "Bodylist_", "Scanlist_", "Formationlist_"})
-            files.push_back("faction_prop/" + std::string(list) + nick + ".lst");
-        return files;
+    // The name and accessible name of the menu the keys open (closed again); empty when
+    // none opens.
+    QStringList MenuOpenedBy(const QKeySequence& keys) {
+        QStringList seen;
+        QTimer poll;
+        int tries = 0;
+        connect(&poll, &QTimer::timeout, [&] {
+            for (QWidget* top : QApplication::topLevelWidgets())
+                if (auto* menu = qobject_cast<QMenu*>(top); menu && menu->isVisible()) {
+                    seen << menu->objectName() << menu->accessibleName();
+                    menu->close();
+                    poll.stop();
+                }
+            if (++tries > 400)
+                poll.stop();
+        });
+        poll.start(5);
+        QTest::keySequence(Get<QTreeWidget>("lv_newfactions"), keys);
+        return seen;
     }
 
 private slots:
@@ -71,18 +87,11 @@ private slots:
         Save("fc_a", "Group Z");
         QCOMPARE(Factions(), (QStringList{"fc_a|Group Z", "fc_b|fc_b"}));
 
-        // Delete: the faction's two lines emptied and all seven of its files gone.
-        for (const char* nick : {"fc_a", "fc_b"})
-            for (const std::string& file : Own(nick))
-                TempFolder::Write(File(file), "x");
+        // Delete: the faction's two lines emptied (its seven files are the core's test).
         ClickFaction("fc_a");
         emit Get<VantelButton>("btnnewfactiondel")->Click();
         QCOMPARE(TempFolder::Read(File("misc/factions.ini")),
                  std::string("\r\n\r\n[fc_b]\r\ngrp=fc_b\r\n\r\n"));
-        for (const std::string& file : Own("fc_a"))
-            QVERIFY2(!fs::exists(File(file)), file.c_str());
-        for (const std::string& file : Own("fc_b"))
-            QVERIFY2(fs::exists(File(file)), file.c_str());
         QCOMPARE(Factions(), QStringList{"fc_b|fc_b"});
         QCOMPARE(Get<QLabel>("lblFactionsGesamt")->text(), QString("1"));
 
@@ -94,15 +103,58 @@ private slots:
         QCOMPARE(Get<QLabel>("lblFactionsGesamt")->text(), QString("2"));
         QCOMPARE(dialogs->shown.size(), std::size_t(2));
         QVERIFY(dialogs->shown[1].text.contains("../up"));
+    }
 
-        // Failed writes are told with the file, for a save and for a delete.
-        fs::remove_all(File("misc"));
-        Save("fc_c", "C");
-        ClickFaction("one");
-        emit Get<VantelButton>("btnnewfactiondel")->Click();
-        QCOMPARE(dialogs->shown.size(), std::size_t(4));
-        QVERIFY(dialogs->shown[2].text.contains("factions.ini"));
-        QVERIFY(dialogs->shown[3].text.contains("factions.ini"));
+    // The list's menu: F2, the Menu key and Shift+F10 reach it; a rename or a copy reloads
+    // every view and selects the faction; a refusal is told and changes nothing.
+    void MenuRenamesAndDuplicatesAndEveryViewFollows() {
+        const std::string rates = File("emphaty/new/reps_fc_b_grp.facts");
+        TempFolder::Write(File("misc/factions.ini"),
+                          "[li_n_grp]\r\ngrp=Liberty\r\n[fc_b_grp]\r\ngrp=fc_b_grp\r\n");
+        TempFolder::Write(rates, "[li_n_grp]\r\nrep=-0.7\r\n");
+        InitialWorldPage world(*session, *dialogs);
+        page->AddView(&world);
+        page->LoadFactionRegistry();
+        page->show();
+        QVERIFY(QTest::qWaitForWindowActive(page.get()));
+        auto* list = Get<QTreeWidget>("lv_newfactions");
+        list->setFocus();
+        list->clearSelection();
+        QTest::keyClick(list, Qt::Key_F2); // nothing selected: nothing asked
+        QVERIFY(dialogs->asked.empty());
+
+        ClickFaction("li_n_grp");
+        dialogs->Answer("li_x_grp");
+        QTest::keyClick(list, Qt::Key_F2);
+        QCOMPARE(dialogs->asked.size(), std::size_t(1));
+        QCOMPARE(dialogs->asked[0].defaultText, QString("li_n_grp"));
+        QCOMPARE(Factions(), (QStringList{"li_x_grp|Liberty", "fc_b_grp|fc_b_grp"}));
+        QCOMPARE(list->currentItem()->text(0), QString("li_x_grp"));
+        QCOMPARE(world.findChild<QComboBox*>("cboInit_group")->itemText(0), QString("li_x_grp"));
+        QCOMPARE(TempFolder::Read(rates), std::string("[li_x_grp]\r\nrep=-0.7\r\n"));
+        for (const QKeySequence& keys : {QKeySequence(Qt::Key_Menu), QKeySequence("Shift+F10")})
+            QCOMPARE(MenuOpenedBy(keys), (QStringList{"mnuFaction", "li_x_grp"}));
+
+        // Duplicated with relations: the third faction's rate follows.
+        dialogs->Answer("li_r_grp");
+        dialogs->AnswerQuestion(QMessageBox::Yes);
+        page->findChild<QAction*>("mnuDuplicateFaction")->trigger();
+        QCOMPARE(Factions(),
+                 (QStringList{"li_x_grp|Liberty", "fc_b_grp|fc_b_grp", "li_r_grp|Liberty"}));
+        QCOMPARE(list->currentItem()->text(0), QString("li_r_grp"));
+        QCOMPARE(world.findChild<QComboBox*>("cboInit_group")->count(), 3);
+        QCOMPARE(TempFolder::Read(rates),
+                 std::string("[li_x_grp]\r\nrep=-0.7\r\n[li_r_grp]\r\nrep=-0.7\r\n"));
+
+        // A refusal is told, with its reason, and the registry stays.
+        const std::string before = TempFolder::Read(File("misc/factions.ini"));
+        ClickFaction("fc_b_grp");
+        dialogs->Answer("LI_X_GRP");
+        QTest::keyClick(list, Qt::Key_F2);
+        QCOMPARE(dialogs->shown.size(), std::size_t(1));
+        QVERIFY2(dialogs->shown[0].text.contains("registered already"),
+                 qPrintable(dialogs->shown[0].text));
+        QCOMPARE(TempFolder::Read(File("misc/factions.ini")), before);
     }
 };
 

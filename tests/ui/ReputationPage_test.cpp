@@ -111,58 +111,13 @@ private slots:
         dialogs->Answer("-0.2");
         DoubleClick();
         QCOMPARE(File("emphaty/new/reps_B.facts"), std::string("[A]\r\nrep=-0.2\r\n"));
-        // The own row: edit and mirror are the same entry of the same file.
-        Select(0);
-        dialogs->Answer("0.9");
-        DoubleClick();
-        QCOMPARE(File("emphaty/new/reps_A.facts"),
-                 std::string("[A]\r\nrep=0.9\r\n[B]\r\nrep=-0.2\r\n"));
 
         // Choosing another faction and coming back shows the stored rates.
         Choose(1);
         QCOMPARE(List()->topLevelItem(0)->text(2), QStringLiteral("-0.2"));
         QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("0.0"));
         Choose(0);
-        QCOMPARE(List()->topLevelItem(0)->text(2), QStringLiteral("0.9"));
         QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("-0.2"));
-    }
-
-    void failedWritesAreShownNamingTheFile() {
-        namespace fs = std::filesystem;
-        Choose(0);
-        TempFolder::Write(*folder / "projects/Mod/emphaty/new/reps_A.facts", "[B]\r\nrep=0.5\r\n");
-        fs::permissions(*folder / "projects/Mod/emphaty/new/reps_A.facts", fs::perms::owner_read);
-        Select(1);
-        dialogs->Answer("0.4");
-        DoubleClick();
-        QCOMPARE(dialogs->shown.size(), std::size_t(1));
-        QVERIFY(dialogs->shown[0].text.contains("reps_A.facts"));
-        QCOMPARE(List()->topLevelItem(1)->text(2), QStringLiteral("0.0")); // shows what is on disk
-
-        TempFolder::Write(*folder / "projects/Mod/emphaty/new/grp.ini", "");
-        fs::permissions(*folder / "projects/Mod/emphaty/new/grp.ini", fs::perms::owner_read);
-        Combo("Combo3")->setEditText("0.8");
-        QCOMPARE(dialogs->shown.size(), std::size_t(2));
-        QVERIFY(dialogs->shown[1].text.contains("grp.ini"));
-
-        // The page keeps working.
-        fs::permissions(*folder / "projects/Mod/emphaty/new/grp.ini", fs::perms::owner_all);
-        Combo("Combo3")->setEditText("0.7");
-        QCOMPARE(File("emphaty/new/grp.ini"), std::string("[A]\r\nr_m_f=0.7\r\n"));
-    }
-
-    void compileWritesTheFileAndTheProtocolLine() {
-        page->findChild<VantelButton*>("btnEmphatySave")->click();
-        QVERIFY(File("compiled/emphaty.ini").find("group = B\r\n") != std::string::npos);
-        const std::string protocol = txtReadWrite::ReadFileText(
-            modFunctions::ProjectPath(folder->path(), "Mod", "\\protocol\\protocol.txt"));
-        QVERIFY(protocol.find(": Emphaty.ini compiled...\r\n") != std::string::npos);
-        // Only the protocol fails: the message says so, not that the compile failed.
-        std::filesystem::remove_all(*folder / "projects/Mod/Protocol");
-        std::filesystem::remove_all(*folder / "projects/Mod/protocol");
-        page->findChild<VantelButton*>("btnEmphatySave")->click();
-        QCOMPARE(dialogs->shown.size(), std::size_t(1));
-        QVERIFY(dialogs->shown[0].text.startsWith("The protocol could not be written"));
     }
 };
 

@@ -16,14 +16,6 @@
 
 namespace {
 
-const QString kDefaultHeaderScript = "<script>\r\n"
-                                     "<header name=\"MyFaction Mod\">\r\n\r\n"
-                                     "<scriptversion>\r\n1.0\r\n</scriptversion>\r\n\r\n"
-                                     "<modurl>\r\nhttps://www.example.com/\r\n</modurl>\r\n\r\n"
-                                     "<author>\r\nMyName\r\n</author>\r\n\r\n"
-                                     "<description>\r\nMod description\r\n</description>\r\n"
-                                     "</header>\r\n\r\n\r\n</script>";
-
 template <typename T> T* Child(QWidget& page, const char* name) {
     return Control<T>(&page, name);
 }
@@ -59,19 +51,13 @@ private slots:
                  std::string("<script>\r\n</script>\r\n\xe4"));
 
         Child<QCheckBox>(page, "Check1")->setChecked(true);
+        // With the header, from the fields' first texts (the text itself is the builder's
+        // test); pressed again, the same text, not a second header.
         Press(Child<VantelButton>(page, "btnCreateXML"));
-        QCOMPARE(page.ScriptText(), kDefaultHeaderScript);
+        const QString withHeader = page.ScriptText();
+        QVERIFY(withHeader.startsWith("<script>\r\n<header name=\"MyFaction Mod\">\r\n"));
         Press(Child<VantelButton>(page, "btnCreateXML"));
-        QCOMPARE(page.ScriptText(), kDefaultHeaderScript);
-
-        // Each field feeds its own element: the name is taken as typed, markup and all; the
-        // empty and markup forms of every element are the builder's test.
-        Child<QLineEdit>(page, "txtHeadModName")->setText(" A<&\"B\" ");
-        Child<QLineEdit>(page, "txtHeadModDescr")->clear();
-        Press(Child<VantelButton>(page, "btnCreateXML"));
-        QVERIFY(page.ScriptText().startsWith("<script>\r\n<header name=\" A<&\"B\" \">\r\n"));
-        QVERIFY(page.ScriptText().contains("<description>\r\n\r\n</description>"));
-        QVERIFY(dialogs.shown.empty());
+        QCOMPARE(page.ScriptText(), withHeader);
 
         // A character the file cannot hold is refused naming the field; the box keeps its text.
         const QString before = page.ScriptText();

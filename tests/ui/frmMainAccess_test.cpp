@@ -20,22 +20,6 @@ private:
     static QString AccessibleName(QWidget* widget) {
         return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
     }
-    // The image buttons in the order Tab reaches them, starting from the exit button, once
-    // round the window.
-    QStringList TabOrder() {
-        auto* first = Get<VantelButton>("VantelButton1");
-        first->setFocus();
-        QStringList order{first->objectName()};
-        for (int i = 0; i < 200; ++i) {
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-            QWidget* focus = QApplication::focusWidget();
-            if (focus == first)
-                break;
-            if (qobject_cast<VantelButton*>(focus))
-                order << focus->objectName();
-        }
-        return order;
-    }
     void LoadProject(const std::string& name) {
         modFunctions::CreateProjectFolders(folder->path(), name);
         modFunctions::SaveFaction(folder->path(), name, "A", "Alpha");
@@ -58,19 +42,6 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
     }
     void cleanup() { CloseWindow(); }
-
-    void TabReachesEveryImageButtonInOrder() {
-        QCOMPARE(TabOrder(),
-                 QStringList({"VantelButton1", "VantelButton2", "VantelButton3", "VantelButton7",
-                              "VantelButton4", "VantelButton6", "VantelButton5"}));
-
-        // On the registry panel, its buttons row by row.
-        LoadProject("P");
-        QCOMPARE(TabOrder(),
-                 QStringList({"VantelButton1", "VantelButton2", "VantelButton3", "btnnewfactionnew",
-                              "btnnewfactiondel", "btnnewfactionreload", "btnCheck", "btnImport",
-                              "btnImportAll"}));
-    }
 
     void EveryControlTheKeyboardReachesHasAName() {
         LoadProject("P");
