@@ -5,21 +5,8 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <sys/stat.h>
 
 namespace {
-
-// The stamp of a host path, spelled as on disk already: one look, and a missing file is not
-// looked for without regard to case (an import creates thousands in one folder).
-std::optional<platform::FileStamp> StampOfHost(const std::string& hostPath) {
-    struct stat st {};
-    if (::stat(hostPath.c_str(), &st) != 0 || !S_ISREG(st.st_mode))
-        return std::nullopt;
-    return platform::FileStamp{static_cast<std::uint64_t>(st.st_size),
-                               static_cast<std::int64_t>(st.st_mtim.tv_sec) * 1000000000 +
-                                   st.st_mtim.tv_nsec,
-                               static_cast<std::uint64_t>(st.st_ino)};
-}
 
 bool Same(const std::shared_ptr<const std::string>& a,
           const std::shared_ptr<const std::string>& b) {
@@ -89,15 +76,14 @@ bool EditHistory::Wants(const std::string& hostPath) const {
 }
 
 EditHistory::Contents EditHistory::Read(const std::string& hostPath) {
-    struct stat st {};
-    if (::stat(hostPath.c_str(), &st) != 0 && (errno == ENOENT || errno == ENOTDIR))
+    if (!platform::StampOfHost(hostPath))
         return nullptr; // absent, without a search for another spelling
     auto bytes = platform::ReadBytes(hostPath);
     return bytes ? std::make_shared<const std::string>(std::move(*bytes)) : nullptr;
 }
 
 void EditHistory::Remember(const std::string& hostPath, Contents bytes) {
-    known_[hostPath] = {StampOfHost(hostPath), std::move(bytes)};
+    known_[hostPath] = {platform::StampOfHost(hostPath), std::move(bytes)};
 }
 
 void EditHistory::Changing(const std::string& hostPath) {
@@ -110,7 +96,7 @@ void EditHistory::Changing(const std::string& hostPath) {
     // A file still as the last step left it need not be read again: the bytes are shared.
     Contents& before = it->second.before;
     const auto known = known_.find(hostPath);
-    if (known != known_.end() && known->second.stamp == StampOfHost(hostPath)) {
+    if (known != known_.end() && known->second.stamp == platform::StampOfHost(hostPath)) {
         before = known->second.bytes;
     } else {
         try {

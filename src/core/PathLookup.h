@@ -57,6 +57,9 @@ struct FileStamp {
     bool operator==(const FileStamp&) const = default;
 };
 std::optional<FileStamp> StampOf(std::string_view path);
+// The same for a host path spelled as on disk already: one look, no search for another
+// spelling (a batch creates thousands of new files in one folder).
+std::optional<FileStamp> StampOfHost(const std::string& hostPath);
 // The resolved path of a file and its stamp (nullopt when it is no ordinary file).
 struct ResolvedFile {
     std::string path;

@@ -169,11 +169,15 @@ const PathResolver::Listing& PathResolver::ListingOf(const std::string& folder) 
     return it->second;
 }
 
-std::optional<FileStamp> StampOf(std::string_view path) {
+std::optional<FileStamp> StampOfHost(const std::string& hostPath) {
     struct stat st {};
-    if (::stat(ResolvePath(path).c_str(), &st) != 0 || !S_ISREG(st.st_mode))
+    if (::stat(hostPath.c_str(), &st) != 0 || !S_ISREG(st.st_mode))
         return std::nullopt;
     return StampFrom(st);
+}
+
+std::optional<FileStamp> StampOf(std::string_view path) {
+    return StampOfHost(ResolvePath(path));
 }
 
 ResolvedFile LookUpFile(std::string_view path) {

@@ -80,7 +80,16 @@ bool DeleteFile(std::string_view path) noexcept {
             return RemoveLink(wide, attributes);
         if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
             return false;
-        return DeleteWritable(wide, attributes);
+        // The history learns of a deleted project file as of a written one.
+        const std::string host = ResolvePath(path);
+        WriteWitness* witness = CurrentWriteWitness();
+        if (witness)
+            witness->Changing(host);
+        if (!DeleteWritable(wide, attributes))
+            return false;
+        if (witness)
+            witness->Written(host, std::nullopt);
+        return true;
     } catch (...) {
         return false;
     }

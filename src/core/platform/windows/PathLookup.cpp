@@ -75,6 +75,13 @@ std::string Joined(const std::string& folder, std::string_view name) {
     return out;
 }
 
+
+DWORD AttributesOf(std::string_view path) {
+    return windows::TargetAttributes(WidePath(ResolvePath(path)));
+}
+
+} // namespace
+
 std::optional<FileStamp> StampOfHost(const std::string& hostPath) {
     const windows::Handle file{::CreateFileW(WidePath(hostPath).c_str(), FILE_READ_ATTRIBUTES,
                                              FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
@@ -93,12 +100,6 @@ std::optional<FileStamp> StampOfHost(const std::string& hostPath) {
                      (ticks - TicksTo1970) * 100,
                      (static_cast<std::uint64_t>(info.nFileIndexHigh) << 32) | info.nFileIndexLow};
 }
-
-DWORD AttributesOf(std::string_view path) {
-    return windows::TargetAttributes(WidePath(ResolvePath(path)));
-}
-
-} // namespace
 
 // Every piece is looked up: the file system is mostly blind to case here, so finding the
 // path as given says nothing about its spelling on disk.

@@ -127,8 +127,7 @@ bool MoveInto(const std::string& trash, const std::string& item, const std::stri
     return false;
 }
 
-} // namespace
-
+// The home trash folder: $XDG_DATA_HOME/Trash, else ~/.local/share/Trash; empty without either.
 std::string HomeTrash() {
     if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data == '/')
         return std::string(data) + "/Trash";
@@ -136,6 +135,9 @@ std::string HomeTrash() {
         return std::string(home) + "/.local/share/Trash";
     return {};
 }
+
+} // namespace
+
 
 bool MoveToTrash(std::string_view path) noexcept {
     try {
