@@ -4,6 +4,7 @@
 #include "core/txtReadWrite.h"
 #include "import/Import.h"
 #include "import/LibraryFixture.h"
+#include "support/NthCallFails.h"
 
 #include <algorithm>
 #include <cctype>
@@ -94,7 +95,8 @@ TEST_F(History, UndoingEverythingRestoresTheStartAndRedoingRestoresTheEnd) {
             break;
         case 4:
             Step(history, [&] {
-                importer::ImportOriginalFaction(app.path(), pick(2) ? "ab_grp" : "cd_grp", Folder());
+                importer::ImportOriginalFaction(app.path(), pick(2) ? "ab_grp" : "cd_grp",
+                                                Folder());
             });
             break;
         case 5:
@@ -196,6 +198,43 @@ TEST_F(History, AnOutsideChangeRefusesUndoAndRedoAndWritesNothing) {
 // The history holds a bounded number of bytes: beyond it the oldest steps go, and undoing
 // all that is left ends at the state after the dropped ones. A step larger than the whole
 // bound is done but cannot be undone, and empties the history.
+// Undo and redo fail as any write may: whichever file call fails, with a full disk or an I/O
+// error, every file is as it was and the step is still there to take again.
+TEST_F(History, AFailingFileCallLeavesUndoAndRedoAsTheyWere) {
+    const std::string a = Host() + "/faction_prop/a.ini", b = Host() + "/emphaty/new/b.ini";
+    TempFolder::Write(a, "a0");
+    EditHistory history(Folder());
+    ASSERT_EQ(Step(history,
+                   [&] {
+                       txtReadWrite::WriteFileText(a, "a1");
+                       txtReadWrite::WriteFileText(b, "b1");
+                   }),
+              Closed::Recorded);
+    int failures = 0;
+    for (const bool undo : {true, false})
+        for (const int error : {ENOSPC, EIO}) {
+            if (!undo)
+                history.Undo(); // a step to redo
+            for (int n = 1;; ++n) {
+                const auto before = Snapshot();
+                NthCallFails failing(n, error);
+                try {
+                    const platform::FileCallsInstalled installed(failing);
+                    undo ? history.Undo() : history.Redo();
+                } catch (const platform::FileError&) {
+                    ++failures;
+                    ASSERT_EQ(Snapshot(), before) << undo << " " << n;
+                    continue;
+                }
+                if (undo)
+                    history.Redo(); // back to where the next error starts
+                break;
+            }
+        }
+    EXPECT_GE(failures, 8);
+    EXPECT_EQ(TempFolder::Read(a), "a1\r\n");
+}
+
 TEST_F(History, TheMemoryBoundDropsTheOldestSteps) {
     const std::string file = Host() + "/misc/big.lst";
     EditHistory history(Folder(), 10000);
