@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/platformBasics.h"
 
 #include "core/NativePath.h"
@@ -10,21 +11,10 @@
 
 namespace platform {
 
-FileError::FileError(std::string path, const std::string& reason)
-    : std::runtime_error(ForMessage(path) + ": " + reason), path_(std::move(path)) {}
-
 std::string HostPath(std::string_view path) {
     std::string out(path);
     std::replace(out.begin(), out.end(), '\\', '/');
     return out;
-}
-
-std::string ForMessage(std::string_view diskText) {
-    return win1252::FromUtf8Lossy(diskText);
-}
-
-std::string SystemReason(int error) {
-    return std::strerror(error);
 }
 
 Descriptor::~Descriptor() {

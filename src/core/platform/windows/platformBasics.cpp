@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/platformBasics.h"
 
 #include "core/NativePath.h"
@@ -106,21 +107,10 @@ DWORD TargetAttributes(const std::wstring& widePath) {
 
 } // namespace windows
 
-FileError::FileError(std::string path, const std::string& reason)
-    : std::runtime_error(ForMessage(path) + ": " + reason), path_(std::move(path)) {}
-
 std::string HostPath(std::string_view path) {
     std::string out(path);
     std::replace(out.begin(), out.end(), '/', '\\');
     return out;
-}
-
-std::string ForMessage(std::string_view diskText) {
-    return win1252::FromUtf8Lossy(diskText);
-}
-
-std::string SystemReason(int error) {
-    return std::strerror(error);
 }
 
 Descriptor::~Descriptor() {
