@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Checking a 1000-faction project: every store complete, a rate and a starting reputation
 // toward every faction (one million of each), five list files per faction.
 #include "check/ProjectCheck.h"

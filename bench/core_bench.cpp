@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The storage core on files of a realistic size: a 1000-section INI file (about 40 KB)
 // and a 1000-faction registry.
 #include "core/modFunctions.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Renaming and duplicating one faction of a 1000-faction project in which every faction's
 // empathy file names it (argument: the entries of each empathy file; 1000 is the whole
 // column that the reputation page stores with each edit). Each faction has a property sheet,

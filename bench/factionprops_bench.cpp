@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Compiling faction_prop.ini for 1000 factions, each with a full property sheet and
 // 20 list lines spread over its five list files (the voice files named as the compiler
 // does not spell them, so every lookup has to ignore case).

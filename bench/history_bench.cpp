@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The edit history: undoing an import of all factions of a 1000-entry library (about 3000
 // files and the registry put back at once), and what recording adds to one edit's write,
 // beside the same write without a history. A single edit is a step of its own; typing is

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Import all of a 1000-entry library into an empty project: 54 empathy lines and 1000
 // starting reputations per entry, five entries in each of the five lists. And the whole road
 // of a 600-faction project, import all and the three compiles, each run beside copying the

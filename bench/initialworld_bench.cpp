@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Compiling a 1000-faction project: 1000 sections of 1000 reputation lines each.
 #include "core/modFunctions.h"
 #include "core/txtReadWrite.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reading the reputation matrix of a 1000-faction project from each store: 1000 empathy
 // files of 1000 rates, or one initial-world file of 1000 sections of 1000 reputations.
 #include "core/txtReadWrite.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Compiling the reputation data of a 1000-faction project: 1000 blocks of 999 rate lines.
 #include "core/modFunctions.h"
 #include "core/txtReadWrite.h"

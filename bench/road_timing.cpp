@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The project road of import_bench (import all of 600 factions, then compile) timed without
 // Google Benchmark, for the Windows cross build where that library is not at hand: run under
 // Wine beside the Linux build of the same program, the two medians give the ratio.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A faction library laid out like <app dir>\data, with the given number of entries: 54
 // empathy lines and a starting reputation towards every entry per entry, five entries in each

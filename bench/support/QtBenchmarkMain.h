@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Window benchmarks run in an offscreen application; modal questions get no answer.
 #include "ui/Dialogs.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A throw-away application folder with its projects folder, removed with everything in it.
 #include "core/modFunctions.h"

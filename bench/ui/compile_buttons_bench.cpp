@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pressing each "INI erstellen" button of the main window on a fully edited project of 300 and
 // of 1000 factions, beside the core compile of the same project as the command line runs it
 // (registry read, compile, protocol line). The window's time includes its progress bars and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Loading a project of 1000 factions into the main window: the registry list, the
 // editors' list views and their pickers, as the Load and Reload buttons do.
 #include "core/modFunctions.h"

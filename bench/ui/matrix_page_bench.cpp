@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The matrix page on a 1000-faction project with both stores filled: opening it (reading the
 // chosen store and painting the first screen) and scrolling the grid one screen further.
 #include "core/modFunctions.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Choosing a faction on the reputation page of a 1000-faction project: four event values
 // into the combos (with their write-back) and 1000 rates into the list view.
 #include "core/modFunctions.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The reputation store below emphaty\new: the event file (four event values per faction) and
 // each faction's empathy file (its rates toward the others).
 #include "check/Inspection.h"

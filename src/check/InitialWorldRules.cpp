@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The initial-world file (initialworld\grp.ini): the three IDS numbers of each faction and
 // its starting reputations, with their mirror halves.
 #include "check/Inspection.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What every rule of the project check shares: the project's files, the registered factions
 // (found without regard to case), the findings so far and the checks that apply to values in

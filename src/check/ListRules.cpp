@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pick-list files (faction_prop\<Kind>list_<nickname>.lst): blank lines, malformed
 // entries and entries no catalogue holds.
 #include "check/Inspection.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The stored halves of mirror pairs: per faction the factions it holds a value toward, with
 // the text, kept in one pool. Memory follows the values stored, not the square of the

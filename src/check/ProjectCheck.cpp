@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The project check: the rules, one file each by the file they judge (see Inspection.h),
 // run in turn over one project.
 #include "check/ProjectCheck.h"

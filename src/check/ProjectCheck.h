@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Looks through a project for what the compilers would copy into the game files wrongly:
 // values the game reads as numbers that are none, entries about factions that are gone,

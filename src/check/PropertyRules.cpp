@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The property sheets (faction_prop\grp.ini): numbers, the options each choice offers, and
 // costumes no catalogue holds.
 #include "check/Inspection.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The registry (misc\factions.ini): which factions are usable, and so looked up by every
 // other rule.
 #include "check/Inspection.h"

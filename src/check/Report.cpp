@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The two printed forms of a check's findings.
 #include "check/ProjectCheck.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The checks the commands share for what they were given.
 #include "cli/Command.h"
 #include "core/modFunctions.h"

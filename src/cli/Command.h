@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The command-line front end: one small file per command, each describing itself; one table
 // lists them.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The manual pages (roff), written at build time: orrindel-cli's from the command table, the
 // window program's from its option table.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/Command.h"
 #include "core/win1252.h"
 #include "import/CutLibrary.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A compile as the user runs it: the game file is built with its progress report and, once it
 // is written, its line goes to the project's protocol. The window's three pages and the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Where the application directory is: beside the program for a copy built or unpacked in
 // place, or the user's own data folder for an installed copy (seeded with the library).

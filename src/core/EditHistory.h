@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The history of a project's edits. For each user action (a step) it keeps the bytes, or the
 // absence, of every project file the action changed, before and after. It learns of the files

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A faction as a whole: renamed, or copied under a new nickname, with every file of the project
 // that names it following. Each is one staged commit: every file changes, or none does.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/FileReplacement.h"
 
 // The staging, committing and restoring, the same on every system; the system's own calls

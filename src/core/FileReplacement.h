@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Whole-file reading and crash-safe replacement. A file is replaced by writing a temporary
 // file beside it and renaming that over it; several files are replaced all-or-nothing.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Folders: creating one, listing one, deleting files and whole trees. Deleting never follows
 // a link (a symbolic link, or on Windows any reparse point such as a junction): a link is

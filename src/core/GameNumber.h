@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the game reads as a number in a value of its INI files, decided once for the project
 // check, the matrix and the mirror comparisons. The game converts a value as the C library's

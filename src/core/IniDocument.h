@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One INI file held in memory: its lines byte for byte, plus an index of sections and
 // keys, so that edits touch only the lines they must. Parsing allocates little: lines are

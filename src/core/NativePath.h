@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Paths for std::filesystem and the standard streams. Inside the program a path is UTF-8;
 // Windows reads a narrow path in its ANSI code page, so there it must be handed over wide.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Finding files on disk. Names on disk are UTF-8; names in file contents are Windows-1252.
 // Every lookup ignores letter case per path component, folding the Windows-1252 letter pairs

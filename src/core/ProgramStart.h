@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What a command-line program needs from the system before it starts: its arguments as UTF-8
 // and standard streams that pass bytes on unchanged.

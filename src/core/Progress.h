@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // How far a long run has got, for whoever shows it: the three compilers and the importer all
 // report through this one type. `outer` counts whole units (factions, library entries);

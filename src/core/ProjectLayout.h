@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Where everything of a project lives: its folders, the shared INI files, each faction's own
 // files and the compiled output. Names below the project folder are Windows-1252, as findings

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The lines that successful actions append to a project's protocol; the window and the
 // command line write the same ones.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Items made on a second thread while the caller uses those made already: for work in two
 // stages of about equal cost (reading files, then building from them), so that a second core

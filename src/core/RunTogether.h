@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Independent jobs run side by side, one thread each, for a machine with more than one core.
 #include <exception>

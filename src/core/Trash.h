@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The desktop's trash: a file or folder moved there can be restored from any file manager
 // (on Linux the desktops' shared trash folders, on Windows the recycle bin).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The options of the window program, orrindel. Its --help and its manual page are both written
 // from this table, so they cannot list different options.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Project routines: the project folder tree, the project list, the protocol, the
 // faction registry, list files and the file-exists helper. The window and the

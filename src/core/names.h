@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Project names and faction nicknames become file-name parts and INI section names;
 // this is the one rule that decides which are acceptable, and the order they sort in.

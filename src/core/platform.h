@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Thin layer over the file system, in three parts: finding files (PathLookup), replacing
 // them safely (FileReplacement) and folders (FolderOperations). Paths use "\" between pieces,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the three parts of the file-system layer share: the error type, the host spelling of
 // a path and the descriptor guard.

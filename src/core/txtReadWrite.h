@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Every byte that reaches the disk passes through here: INI values and whole text files.
 #include "core/IniDocument.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Conversion between UTF-8 (terminal, window) and Windows-1252 (every file).
 #include <optional>

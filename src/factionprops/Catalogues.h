@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The fixed choice catalogues offered by the faction-property combos and the body-part dialog.
 // Items are in the order the combos show them; the sorted combos already hold them in the
 // platform's case-insensitive order, so nothing here is re-sorted at run time.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Joins every faction's property sheet and pick lists into the game's faction_prop.ini.
 #include "core/Progress.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "factionprops/ListFiles.h"
 
 #include "core/ProjectLayout.h"

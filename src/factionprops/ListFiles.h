@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The five pick lists of a faction, each kept whole in its list file (ProjectLayout), one
 // entry per line. Names are found on disk without regard to letter case.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A faction's property sheet: one section per faction nickname in faction_prop\grp.ini,
 // fourteen keys, all values kept as text. The editing page and the compiler read it.

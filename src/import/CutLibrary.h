@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Cutting a library from game files in the compiled form: every block of a compiled file is
 // already a valid library file, so a modder can turn the files of a modded game into a

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Copying library factions into a project: one faction (the import dialog, `import`) or the
 // whole library (`import-all`). Every entry is read and checked completely before anything

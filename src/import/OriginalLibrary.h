@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The shipped library of original factions: three folders holding one extension-less file
 // per faction, and the positional, case-sensitive rules by which those files are read.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The initial-world file of a project (initialworld\grp.ini): per faction its three name
 // numbers (IDS) and its starting reputation toward every registered faction, each stored

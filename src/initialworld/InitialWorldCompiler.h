@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Builds compiled\initialworld.ini: the comment block, then one "[Group]" section per
 // faction with its IDS values and a reputation line toward every row faction.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Every faction's reputation toward every registered faction, from one of the two stores:
 // the empathy rates (reps_<nickname>.facts, key "rep") or the starting reputations

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Builds the game's compiled\emphaty.ini from the event file and the empathy files: one
 // "[RepChangeEffects]" block per faction, in the given faction order, with one

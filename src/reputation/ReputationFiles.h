@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The reputation data of a project: the event file (four event values per faction) and one
 // empathy file per faction (its rate toward every other faction). Values are kept as text.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The mod manager's install script: a <script> element, optionally holding a <header>
 // that describes the mod. The values are inserted exactly as given: nothing is trimmed,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The main window's two languages: one table of rows, applied by a loop. Controls are
 // found by objectName anywhere in the window, the hosted pages included; windows it owns

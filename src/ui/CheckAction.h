@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The registry panel's check button: it checks the active project and shows the findings in
 // frmCheck. A double-click on a finding goes to the window that takes the user there.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The "INI erstellen" button of each game file's page: the compile runs off the event loop
 // with the page's bars moving, and its protocol line goes to the project that

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Modal questions go through this interface so that tests can answer them.
 #include "ui/Captions.h"

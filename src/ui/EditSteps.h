@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The window's side of the edit history. Every user input (a click, a key, a wheel turn)
 // opens a step of the core history; the step closes when the handler has returned and the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The "Faction_Prop.ini" page: one faction's property sheet, its five pick lists on the tab
 // strip SSTab2, and the compile button for compiled\faction_prop.ini. The controls are the

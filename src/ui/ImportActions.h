@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The main window's two import buttons: "Importiere Original" opens the import dialog,
 // "Alle importieren" imports the whole library with pgImportAll showing the progress.

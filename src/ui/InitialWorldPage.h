@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The "Initialworld.ini" page: a faction's three IDS numbers and its starting reputations,
 // stored as they are edited, and the button that compiles compiled\initialworld.ini.

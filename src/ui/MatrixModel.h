@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The reputation matrix as a table model: the core's matrix narrowed to the factions that
 // pass the page's filter, rows and columns alike. It converts text only for the cells that

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The "Matrix" page: every faction's reputation toward every faction at once, from either
 // store (empathy rates or starting reputations), in registry order. A double-click edits a

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // How the reputation matrix is drawn: the diverging colour scale, the cell delegate that
 // paints each cell straight from the model, a column header with upright nicknames, and the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Controls carry the system's names as their object names, so that captions, tests and
 // accessibility tools find them.

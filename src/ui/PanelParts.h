@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Small makers shared by the main window's panels: controls carry the system's names.
 #include "ui/Named.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Runs a long core call (a compile, import all) off the event loop, so that the window keeps
 // painting and answering while it works, and shows its progress at most about 30 times a

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The project manager (Frame1 on the first page): the project list, the protocol view, the
 // buttons New, Refresh, Load and Delete, the growing and shrinking name box and the notice

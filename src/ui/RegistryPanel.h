@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The faction registry panel (Frame2 on the first page): the registry list of the loaded
 // project, the form that adds, regroups and deletes factions, the reload button, the import

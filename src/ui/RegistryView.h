@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A page whose pickers and list views show the registered factions; the registry
 // loader of the main window clears and fills every such page.

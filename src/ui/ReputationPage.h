@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The "Emphaty.ini" page: a faction's four event values, its empathy rates toward every
 // registered faction, and the compile button for compiled\emphaty.ini. The controls are the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The input boxes that ask for a reputation value. The one-faction pages and the matrix page
 // ask the same question for the same store, so each box is defined once here.

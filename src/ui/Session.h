@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What frmMain owns and its pages share: the application directory, the active project
 // and the caption of lblActiveProject (some routines follow the one, some the other).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The sliding switch between the project manager (Frame1) and the registry panel (Frame2):
 // the arrow Label4 starts it, Timer3 slides toward the registry, Timer4 back, each tick

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The one place where window text (QString) and file text (Windows-1252 bytes) meet.
 #include <QString>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Placement in twips (15 per pixel at 96 dpi). The window's animations step in twips, so
 // each widget keeps its twips rectangle and derives its pixel geometry from it: rounding

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The image button that every window uses: three pictures (up, over, down) stretched over
 // the control, a caption drawn on top, Click on a left-button release, and a timer that

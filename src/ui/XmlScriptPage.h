@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The "XML-Script" page: builds the mod manager's install script into rtfXML, with the
 // header from the fields of Frame3 when Check1 is checked. Frame3 slides open and closed

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The About window: name, version and two pages of notices. A click on Label1 closes it.
 #include <QWidget>

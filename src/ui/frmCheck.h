@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The findings of a project check in a window of their own: a table that sorts by any
 // column, one check box per severity to filter it, and a double-click that hands the finding

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The small "Bodyparts" dialog: a head, a body and a communication accessory put together
 // into one body-part entry. It only builds the entry; the page that opened it stores it.

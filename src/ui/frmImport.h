@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The import dialog: the library entries of the reputation folder, "Import" and "Close".
 // It does not block the main window; each import goes into the project that

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The main window: the three buttons above, the tab strip SSTab1 with the project manager
 // and the registry panel on its first page, one page per game file and the script page.

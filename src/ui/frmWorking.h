@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The small "please wait" window with one picture, shown while the script is built.
 #include <QWidget>

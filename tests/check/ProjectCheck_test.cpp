@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "check/ProjectCheck.h"
 #include "core/modFunctions.h"
 #include "import/Import.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Runs orrindel-cli in-process on an application folder and keeps what it printed.
 #include "cli/Command.h"

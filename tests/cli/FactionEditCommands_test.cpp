@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/CliRunner.h"
 #include "support/TempFolder.h"
 

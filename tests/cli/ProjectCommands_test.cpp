@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The project, faction and INI commands end to end; the rules behind them are the core's tests.
 #include "cli/CliRunner.h"
 #include "core/NativePath.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every command that writes, run once to count its file calls, then once for every N with
 // the Nth call failing, as a full disk (ENOSPC) and as a failing device (EIO) would make it:
 // the failure is reported, every project file holds its bytes from before the command or

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The compile command end to end, and its game files compiled side by side when only some of
 // them fail.
 #include "cli/CliRunner.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Order and partial failures of the game files compiled side by side are the compile command's
 // test; here one compile and its protocol line.
 #include "compile/Compile.h"

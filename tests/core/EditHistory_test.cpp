@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/EditHistory.h"
 #include "core/modFunctions.h"
 #include "core/platform.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Random bytes as INI input: reading and writing never crash, lines that a write does not
 // touch keep their bytes, and the faster paths (a read of the bytes alone, a run of writes in
 // one call) give what the plain ones give.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What only Windows does to a replacement: a file that another program holds open, paths
 // with drive letters, and a file system that is blind to case.
 #include "core/FileReplacement.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "LibraryFixture.h"
 #include "factionprops/FactionPropCompiler.h"
 #include "import/CutLibrary.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A project whose application folder has a library, for the import tests.
 #include "support/TestProject.h"

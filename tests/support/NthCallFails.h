@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A disk whose Nth file call fails, for tests that try every failure in turn.
 #include "core/FileReplacement.h"

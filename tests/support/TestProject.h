@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One project in a fresh application folder, its files read and written by their place in the
 // project ("/" between pieces). Fill gives it factions whose every store is complete and sound.

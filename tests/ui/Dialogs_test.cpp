@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The one helper through which handlers run their core calls and tell failures.
 #include "core/names.h"
 #include "core/platform.h"

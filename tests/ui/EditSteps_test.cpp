@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Undo and redo in the main window: the buttons, their tool tips and shortcuts in both
 // languages, one step per user action, typing merged per field, restored values on the pages.
 #include "core/modFunctions.h"

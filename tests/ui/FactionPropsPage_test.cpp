@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The faction-property page driven through its widgets, on a temporary project.
 #include "core/modFunctions.h"
 #include "core/platform.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The matrix page against real project folders: what it shows, that its edits leave on disk
 // exactly what the one-faction pages' edits leave, and that an edit shows at once what a
 // reload would show, the mirrored cell included.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Long core calls run off the event loop: the window keeps running its timers, the shown
 // progress ends at the last step, input waits.
 #include "ui/ProgressRun.h"

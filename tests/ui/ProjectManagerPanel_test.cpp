@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The project manager built on its own: what the project list, the labels and the disk show
 // after each button.
 #include "ui/ProjectManagerPanel.h"

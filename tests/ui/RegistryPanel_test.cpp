@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The faction registry panel built on its own: what the registry list, the count and the
 // project's files show after each button.
 #include "ui/InitialWorldPage.h"

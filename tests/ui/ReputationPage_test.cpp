@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The reputation page against a real project folder: what each handler leaves on disk.
 #include "core/modFunctions.h"
 #include "core/txtReadWrite.h"

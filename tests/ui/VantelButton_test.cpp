@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The image button driven through real mouse events, its hover timer and its
 // accessibility interface.
 #include "ui/VantelButton.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The script page driven through its real controls: the texts it builds, copy and save
 // (a failed save is the matrix page's export test).
 #include "support/Controls.h"

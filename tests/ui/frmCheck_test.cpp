@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The check button of the registry panel, the findings window and the way back from a
 // finding to the page and faction it is about, driven through the main window.
 #include "core/modFunctions.h"

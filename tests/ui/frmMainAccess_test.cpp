@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The main window for keyboard and screen-reader users, and the states that must not show
 // stale values or drop edits: driven through real key events and accessibility interfaces.
 #include "core/modFunctions.h"

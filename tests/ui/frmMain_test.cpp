@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The main window driven through its real widgets: the language switch across every page.
 // The panels themselves have tests of their own. Modal boxes are answered by ScriptedDialogs.
 #include "core/modFunctions.h"

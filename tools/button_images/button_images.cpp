@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Draws the three state pictures of the image button (127 x 22 px, JPEG) into a folder.
 // Built and run on demand by make_images.sh; the results are committed as resources.
 #include <QColor>

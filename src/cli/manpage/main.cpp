@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Build tool: writes a manual page, orrindel-cli's or the window program's, to a file.
 #include "cli/ManPage.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How names from file contents stand on disk: the same on every system (UTF-8 inside the
 // program; a Windows build turns it into UTF-16 only at its system calls).
 #include "core/PathLookup.h"

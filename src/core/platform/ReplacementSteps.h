@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The system's part of replacing files, for FileReplacement.cpp: the staging, committing and
 // restoring there are the same on every system; the calls here have one implementation per

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Finds a control by its object name below a widget; a missing one ends the test run with its
 // name, so a renamed control reads as such rather than as a null dereference.

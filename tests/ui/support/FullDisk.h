@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // File calls of a disk that is full: every write fails as the system's would.
 #include "core/FileReplacement.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A main window on a fresh application folder, for the tests that drive the whole window:
 // make its folder and open it in init, close it in cleanup, find its controls by name.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One page on a fresh application folder with one project loaded, for the tests that drive a
 // single page: make it in init, drop it in cleanup, find its controls by name.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Answers the modal questions of a test from a queue and records every message shown.
 #include "ui/Dialogs.h"

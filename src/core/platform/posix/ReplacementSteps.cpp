@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The POSIX calls of replacing files: descriptors relative to a folder kept open, the
 // permissions of the replaced file carried over, renameat2 for the rename kinds.
 #include "core/platform/ReplacementSteps.h"

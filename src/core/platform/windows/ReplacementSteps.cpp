@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The Windows calls of replacing files: each temporary file flushed and put in place with
 // MoveFileExW (write through); a file that another program holds open is waited for briefly.
 // Names are joined to their folder's path: Windows opens nothing relative to a folder handle.

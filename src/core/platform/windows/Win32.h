@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The boundary of the Windows implementation, for its own .cpp files only: inside, text and
 // paths are UTF-8; the system is called with UTF-16 (the wide functions) only here.
