@@ -9,6 +9,11 @@
 
 namespace {
 
+// Between the pieces of a host path: "/", or "\\" on Windows.
+char Separator() {
+    return platform::HostPath("\\").front();
+}
+
 bool Same(const std::shared_ptr<const std::string>& a,
           const std::shared_ptr<const std::string>& b) {
     return a == b || (a && b && *a == *b);
@@ -38,9 +43,9 @@ HistoryRefused::HistoryRefused(std::string file)
 
 EditHistory::EditHistory(std::string_view projectFolder, std::size_t limit)
     : root_(platform::ResolvePath(projectFolder)), limit_(limit) {
-    while (root_.size() > 1 && root_.back() == '/')
+    while (root_.size() > 1 && root_.back() == Separator())
         root_.pop_back();
-    root_ += '/';
+    root_ += Separator();
     for (const std::string_view folder : Unkept)
         unkept_.push_back(platform::FoldedDiskName(folder));
 }
@@ -54,7 +59,7 @@ bool EditHistory::Kept(const std::string& hostPath) const {
     if (!hostPath.starts_with(root_))
         return false;
     const std::string_view inside = std::string_view(hostPath).substr(root_.size());
-    const auto slash = inside.find('/');
+    const auto slash = inside.find(Separator());
     if (slash == std::string_view::npos)
         return true;
     const std::string folder = platform::FoldedDiskName(inside.substr(0, slash));

@@ -49,8 +49,10 @@ public:
         for (const std::string& name : folder.names) {
             const std::string nickname = layout::NicknameIn(layout::EmpathyName, name);
             if (!nickname.empty())
-                files.emplace(names::Folded(nickname),
-                              FoundFile{folder.host + "/" + platform::DiskName(name), name});
+                files.emplace(
+                    names::Folded(nickname),
+                    FoundFile{platform::HostPath(folder.host + "\\" + platform::DiskName(name)),
+                              name});
         }
         return files;
     }
@@ -70,9 +72,10 @@ public:
                 names::Folded(std::string(own.prefix).append(nickname).append(own.suffix));
             for (const std::string& name : folder.names)
                 if (names::Folded(name) == wanted) {
-                    files.push_back({{folder.host + "/" + platform::DiskName(name), name},
-                                     folder.host,
-                                     own.prefix.size()});
+                    files.push_back(
+                        {{platform::HostPath(folder.host + "\\" + platform::DiskName(name)), name},
+                         folder.host,
+                         own.prefix.size()});
                     break;
                 }
         }
@@ -340,9 +343,10 @@ private:
 std::string Renamed(const FactionFileLayout::OwnFile& own, std::string_view oldName,
                     std::string_view newName) {
     const std::string& name = own.file.name;
-    return own.folder + "/" +
-           platform::DiskName(name.substr(0, own.prefixLength) + std::string(newName) +
-                              name.substr(own.prefixLength + oldName.size()));
+    return platform::HostPath(own.folder + "\\" +
+                              platform::DiskName(name.substr(0, own.prefixLength) +
+                                                 std::string(newName) +
+                                                 name.substr(own.prefixLength + oldName.size())));
 }
 
 // The text with the name at each of the places spelled newName.
@@ -510,10 +514,11 @@ void DuplicateFaction(std::string_view appDir, std::string_view project, std::st
         const std::string added = toward.empty() ? *bytes : WithSection(*bytes, newName, toward);
         if (nickname == folded) {
             // The copy's own rates: the source's, and toward the source what it holds itself.
-            const std::string name =
-                file.name.substr(0, 5) + std::string(newName) + file.name.substr(5 + from.size());
-            batch.Write(file.host.substr(0, file.host.rfind('/') + 1) + platform::DiskName(name),
-                        added);
+            const std::size_t prefix = layout::EmpathyName.prefix.size();
+            const std::string name = file.name.substr(0, prefix) + std::string(newName) +
+                                     file.name.substr(prefix + from.size());
+            const std::string folder = file.host.substr(0, file.host.size() - file.name.size());
+            batch.Write(folder + platform::DiskName(name), added);
         }
         if (!toward.empty())
             batch.Write(file.host, added);

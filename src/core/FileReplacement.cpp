@@ -360,9 +360,10 @@ const StagedReplacement::Folder& StagedReplacement::FolderFor(const std::string&
     return folder;
 }
 
-void StagedReplacement::StageRemoval(const std::string& hostPath) {
+void StagedReplacement::StageRemoval(const std::string& path) {
+    const std::string hostPath = HostPath(path);
     const Folder& folder = FolderFor(hostPath);
-    if (folder.handle == NoFile)
+    if (folder.error != 0)
         return; // no folder, no file to remove
     staged_.push_back(Staged{hostPath, folder.Ref(), NameOf(hostPath), NextTemporaryName(), true,
                              Placed::No, true, std::nullopt});

@@ -116,8 +116,8 @@ public:
     void StageAll(const std::vector<Staging>& files);
     // Removes a file as part of the commit: it is moved aside when the staged files are put in
     // place, brought back when anything fails, and deleted only once all succeeded. A file
-    // missing by then counts as removed. Takes a host path spelled exactly as on disk.
-    void StageRemoval(const std::string& hostPath);
+    // missing by then counts as removed. Takes a path spelled exactly as on disk.
+    void StageRemoval(const std::string& path);
     // Throws FileError, naming every file that failed; a large batch is renamed from two threads.
     void Commit();
     // Rids the folder of a file of leftover temporaries (once per folder), as staging a file

@@ -58,7 +58,7 @@ protected:
         const fs::path root = app / "projects/P";
         for (const auto& entry : fs::recursive_directory_iterator(root))
             if (entry.is_regular_file())
-                files[fs::relative(entry.path(), root).string()] =
+                files[fs::relative(entry.path(), root).generic_string()] =
                     TempFolder::Read(entry.path().string());
         return files;
     }

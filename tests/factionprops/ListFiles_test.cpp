@@ -24,7 +24,9 @@ TEST(ListFiles, WritesEndWithAnExtraLineEndAndOtherCapitalsNameTheSameFile) {
     EXPECT_EQ(ReadListFile(voices), (std::vector<std::string>{"v1"}));
     WriteListFile(voices, {"v1", "v2"});
     EXPECT_EQ(project.Read("faction_prop/voicelist_x.lst"), "v1\r\nv2\r\n\r\n");
+#ifndef _WIN32 // a file system blind to case finds the file under either spelling
     EXPECT_FALSE(project.Exists("faction_prop/Voicelist_x.lst"));
+#endif
     EXPECT_EQ(BodypartEntry("h", "b", "c"), "h, b, c");
     EXPECT_EQ(FormationEntry(" ANY", "convoy1 "), " ANY, convoy1 ");
 }
