@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/PathLookup.h"
 
+#include "core/platform/LookupSteps.h"
+
 #include <algorithm>
 #include <dirent.h>
 #include <sys/stat.h>
@@ -111,64 +113,37 @@ std::string ResolvePath(std::string_view path) {
     return resolved;
 }
 
-PathResolver::Found PathResolver::Find(std::string_view path) {
-    const std::string given(path);
-    if (const auto it = found_.find(given); it != found_.end())
-        return it->second;
-    const std::string host = HostPath(path);
+namespace lookup {
+
+bool Exists(const std::string& hostPath) {
+    return platform::Exists(hostPath);
+}
+
+std::string Joined(const std::string& folder, std::string_view name) {
+    return platform::Joined(folder, name);
+}
+
+std::optional<Split> SplitLast(const std::string& host) {
     const auto slash = host.find_last_of('/');
-    Found result;
-    if (slash == std::string::npos || slash + 1 == host.size()) {
-        result.path = ResolvePath(path);
-        result.listed = Exists(result.path);
-    } else {
-        const std::string parent = Folder(slash == 0 ? "/" : host.substr(0, slash));
-        const std::string name = host.substr(slash + 1);
-        const Listing& listing = ListingOf(parent);
-        std::string spelled = name;
-        if (!listing.readable) {
-            result.listed = Exists(Joined(parent, name));
-        } else if (listing.exact.count(name)) {
-            result.listed = true;
-        } else if (const auto match = listing.byFolded.find(FoldedDiskName(name));
-                   match != listing.byFolded.end()) {
-            spelled = match->second;
-            result.listed = true;
-        } else {
-            result.listed = false;
-        }
-        result.path = Joined(parent, spelled);
-    }
-    found_.emplace(given, result);
-    return result;
+    if (slash == std::string::npos || slash + 1 == host.size())
+        return std::nullopt;
+    return Split{slash == 0 ? "/" : host.substr(0, slash), host.substr(slash + 1)};
 }
 
-std::string PathResolver::Folder(const std::string& hostFolder) {
-    if (const auto it = folders_.find(hostFolder); it != folders_.end())
-        return it->second;
-    // Folders are few: one look at each, spelled as given when that exists.
-    std::string onDisk = ResolvePath(hostFolder);
-    folders_.emplace(hostFolder, onDisk);
-    return onDisk;
+bool ListNames(const std::string& folder, const std::function<void(std::string_view)>& take) {
+    DIR* dir = ::opendir(folder.c_str());
+    if (!dir)
+        return false;
+    while (const dirent* entry = ::readdir(dir)) {
+        const std::string_view name = entry->d_name;
+        if (name != "." && name != "..")
+            take(name);
+    }
+    ::closedir(dir);
+    return true;
 }
 
-const PathResolver::Listing& PathResolver::ListingOf(const std::string& folder) {
-    auto [it, inserted] = listings_.try_emplace(folder);
-    if (inserted) {
-        if (DIR* dir = ::opendir(folder.c_str())) {
-            it->second.readable = true;
-            while (const dirent* entry = ::readdir(dir)) {
-                const std::string_view name = entry->d_name;
-                if (name == "." || name == "..")
-                    continue;
-                it->second.exact.emplace(name);
-                it->second.byFolded.try_emplace(FoldedDiskName(name), name);
-            }
-            ::closedir(dir);
-        }
-    }
-    return it->second;
-}
+} // namespace lookup
 
 std::optional<FileStamp> StampOfHost(const std::string& hostPath) {
     struct stat st {};

@@ -62,15 +62,6 @@ bool IsKind(const std::string& hostPath, const WIN32_FIND_DATAW& entry, EntryKin
 
 } // namespace
 
-void CreateFolder(std::string_view path) {
-    const std::string host = ResolvePath(path);
-    if (CurrentFileCalls().MakeFolder(host.c_str()) != 0) {
-        if (errno == EEXIST)
-            throw FileError(host, "a file or folder of that name exists already");
-        throw FileError(host, SystemReason(errno));
-    }
-}
-
 bool DeleteFile(std::string_view path) noexcept {
     try {
         const std::wstring wide = WidePath(ResolvePath(path));

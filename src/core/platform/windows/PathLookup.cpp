@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/PathLookup.h"
 
+#include "core/platform/LookupSteps.h"
 #include "core/platform/windows/Win32.h"
 
 namespace platform {
@@ -76,7 +77,6 @@ std::string Joined(const std::string& folder, std::string_view name) {
     return out;
 }
 
-
 DWORD AttributesOf(std::string_view path) {
     return windows::TargetAttributes(WidePath(ResolvePath(path)));
 }
@@ -134,58 +134,29 @@ std::string ResolvePath(std::string_view path) {
     return resolved;
 }
 
-PathResolver::Found PathResolver::Find(std::string_view path) {
-    const std::string given(path);
-    if (const auto it = found_.find(given); it != found_.end())
-        return it->second;
-    const std::string host = HostPath(path);
+namespace lookup {
+
+bool Exists(const std::string& hostPath) {
+    return platform::Exists(hostPath);
+}
+
+std::string Joined(const std::string& folder, std::string_view name) {
+    return platform::Joined(folder, name);
+}
+
+std::optional<Split> SplitLast(const std::string& host) {
     const auto slash = host.find_last_of('\\');
-    Found result;
-    if (slash == std::string::npos || slash + 1 == host.size() || slash < RootLength(host)) {
-        result.path = ResolvePath(path);
-        result.listed = Exists(result.path);
-    } else {
-        const std::string parent = Folder(host.substr(0, slash));
-        const std::string name = host.substr(slash + 1);
-        const Listing& listing = ListingOf(parent);
-        std::string spelled = name;
-        if (!listing.readable) {
-            result.listed = Exists(Joined(parent, name));
-        } else if (listing.exact.count(name)) {
-            result.listed = true;
-        } else if (const auto match = listing.byFolded.find(FoldedDiskName(name));
-                   match != listing.byFolded.end()) {
-            spelled = match->second;
-            result.listed = true;
-        } else {
-            result.listed = false;
-        }
-        result.path = Joined(parent, spelled);
-    }
-    found_.emplace(given, result);
-    return result;
+    if (slash == std::string::npos || slash + 1 == host.size() || slash < RootLength(host))
+        return std::nullopt;
+    return Split{host.substr(0, slash), host.substr(slash + 1)};
 }
 
-std::string PathResolver::Folder(const std::string& hostFolder) {
-    if (const auto it = folders_.find(hostFolder); it != folders_.end())
-        return it->second;
-    std::string onDisk = ResolvePath(hostFolder);
-    folders_.emplace(hostFolder, onDisk);
-    return onDisk;
+bool ListNames(const std::string& folder, const std::function<void(std::string_view)>& take) {
+    return windows::ListEntries(
+        folder, [&](const std::string& name, const WIN32_FIND_DATAW&) { take(name); });
 }
 
-const PathResolver::Listing& PathResolver::ListingOf(const std::string& folder) {
-    auto [it, inserted] = listings_.try_emplace(folder);
-    if (inserted) {
-        Listing& listing = it->second;
-        listing.readable =
-            windows::ListEntries(folder, [&](const std::string& name, const WIN32_FIND_DATAW&) {
-                listing.exact.emplace(name);
-                listing.byFolded.try_emplace(FoldedDiskName(name), name);
-            });
-    }
-    return it->second;
-}
+} // namespace lookup
 
 std::optional<FileStamp> StampOf(std::string_view path) {
     return StampOfHost(ResolvePath(path));
