@@ -30,7 +30,7 @@ ctest --test-dir build-sanitize --output-on-failure
 
 # Only the core tests: they run every thread the program starts.
 cmake -S . -B build-tsan -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DORRINDEL_WERROR=ON \
-    -DORRINDEL_CORE_ONLY=ON -DORRINDEL_TSAN=ON -DORRINDEL_BENCH=OFF
+    -DORRINDEL_CORE_ONLY=ON -DORRINDEL_TSAN=ON -DORRINDEL_TESTS=ON -DORRINDEL_BENCH=OFF
 cmake --build build-tsan --target core_tests
 TSAN_OPTIONS=halt_on_error=1 ctest --test-dir build-tsan --output-on-failure
 
