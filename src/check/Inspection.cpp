@@ -26,14 +26,15 @@ std::string NotANumber(std::string_view what, std::string_view stored) {
 
 } // namespace
 
+// Appended rather than "x" + ...: GCC 12 at -O3 warns falsely (-Wrestrict) on that.
 std::string Quoted(std::string_view text) {
-    return "\"" + std::string(text) + "\"";
+    return std::string("\"").append(text).append("\"");
 }
 
 std::string Where(std::string_view section, std::string_view key) {
-    std::string where = "[" + std::string(section) + "]";
+    std::string where = std::string("[").append(section).append("]");
     if (!key.empty())
-        where += " " + std::string(key);
+        where.append(" ").append(key);
     return where;
 }
 
