@@ -11,7 +11,8 @@ namespace {
 
 // Between the pieces of a host path: "/", or "\\" on Windows.
 char Separator() {
-    return platform::HostPath("\\").front();
+    static const char separator = platform::HostPath("\\").front(); // asked on every write
+    return separator;
 }
 
 bool Same(const std::shared_ptr<const std::string>& a,

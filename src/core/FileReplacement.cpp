@@ -173,6 +173,17 @@ WriteWitness* CurrentWriteWitness() {
     return Witness().load(std::memory_order_relaxed);
 }
 
+bool RemoveWitnessed(const std::string& hostPath, const std::function<bool()>& remove) {
+    WriteWitness* witness = CurrentWriteWitness();
+    if (witness)
+        witness->Changing(hostPath);
+    if (!remove())
+        return false;
+    if (witness)
+        witness->Written(hostPath, std::nullopt);
+    return true;
+}
+
 FileCalls& SystemFileCalls() {
     static FileCalls calls; // holds no state
     return calls;

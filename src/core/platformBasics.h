@@ -3,6 +3,7 @@
 // What the three parts of the file-system layer share: the error type, the host spelling of
 // a path and the descriptor guard.
 #include <ctime>
+#include <functional>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -55,6 +56,9 @@ public:
 };
 void SetWriteWitness(WriteWitness* witness);
 WriteWitness* CurrentWriteWitness();
+// Deletes a file (a host path) by remove(), telling the witness, when one is set, before and
+// after: the history learns of a deletion as of a write.
+bool RemoveWitnessed(const std::string& hostPath, const std::function<bool()>& remove);
 
 // The folder of the running executable, as the system spells it.
 std::string ExecutableFolder();

@@ -68,14 +68,7 @@ bool DeleteFile(std::string_view path) noexcept {
         struct stat st {};
         if (::lstat(host.c_str(), &st) != 0 || S_ISDIR(st.st_mode))
             return false;
-        WriteWitness* witness = CurrentWriteWitness();
-        if (witness)
-            witness->Changing(host);
-        if (::unlink(host.c_str()) != 0)
-            return false;
-        if (witness)
-            witness->Written(host, std::nullopt);
-        return true;
+        return RemoveWitnessed(host, [&] { return ::unlink(host.c_str()) == 0; });
     } catch (...) {
         return false;
     }

@@ -64,7 +64,8 @@ bool IsKind(const std::string& hostPath, const WIN32_FIND_DATAW& entry, EntryKin
 
 bool DeleteFile(std::string_view path) noexcept {
     try {
-        const std::wstring wide = WidePath(ResolvePath(path));
+        const std::string host = ResolvePath(path);
+        const std::wstring wide = WidePath(host);
         const DWORD attributes = ::GetFileAttributesW(wide.c_str());
         if (attributes == INVALID_FILE_ATTRIBUTES)
             return false;
@@ -72,16 +73,7 @@ bool DeleteFile(std::string_view path) noexcept {
             return RemoveLink(wide, attributes);
         if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
             return false;
-        // The history learns of a deleted project file as of a written one.
-        const std::string host = ResolvePath(path);
-        WriteWitness* witness = CurrentWriteWitness();
-        if (witness)
-            witness->Changing(host);
-        if (!DeleteWritable(wide, attributes))
-            return false;
-        if (witness)
-            witness->Written(host, std::nullopt);
-        return true;
+        return RemoveWitnessed(host, [&] { return DeleteWritable(wide, attributes); });
     } catch (...) {
         return false;
     }
