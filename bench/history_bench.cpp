@@ -8,6 +8,7 @@
 #include "core/platform.h"
 #include "core/txtReadWrite.h"
 #include "import/Import.h"
+#include "support/ScratchApp.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdlib>
@@ -52,32 +53,8 @@ void WriteLibrary(const std::string& app, int entries) {
     }
 }
 
-// Where the undo is measured: a memory-backed folder where there is one, so that the files
-// are what is measured, not how busy the disk is with other programs (its sync waits for
-// them all). ORRINDEL_BENCH_DIR chooses another folder.
-struct MemoryScratch {
-    MemoryScratch() {
-        std::filesystem::path base = std::filesystem::temp_directory_path();
-        if (const char* chosen = std::getenv("ORRINDEL_BENCH_DIR"))
-            base = chosen;
-        else if (std::filesystem::is_directory("/dev/shm"))
-            base = "/dev/shm";
-        std::string pattern = (base / "orrindel-history-bench-XXXXXX").string();
-        appDir = ::mkdtemp(pattern.data());
-        modFunctions::EnsureProjectsFolder(appDir);
-    }
-    MemoryScratch(const MemoryScratch&) = delete;
-    MemoryScratch& operator=(const MemoryScratch&) = delete;
-    ~MemoryScratch() { std::filesystem::remove_all(appDir); }
-    std::string CreateProject(const std::string& name) const {
-        modFunctions::CreateProjectFolders(appDir, name);
-        return modFunctions::ProjectPath(appDir, name);
-    }
-    std::string appDir;
-};
-
 void BM_UndoImportAllOf1000(benchmark::State& state) {
-    static const MemoryScratch scratch;
+    static const ScratchApp scratch(MemoryBackedFolder());
     static const bool written = (WriteLibrary(scratch.appDir, 1000), true);
     (void)written;
     static int run = 0;
@@ -99,7 +76,7 @@ BENCHMARK(BM_UndoImportAllOf1000)->Unit(benchmark::kMillisecond)->Iterations(1)-
 
 // Import all with and without a step open: what recording 6000 new files adds to it.
 void BM_ImportAllOf1000(benchmark::State& state) {
-    static const MemoryScratch scratch;
+    static const ScratchApp scratch(MemoryBackedFolder());
     static const bool written = (WriteLibrary(scratch.appDir, 1000), true);
     (void)written;
     static int run = 0;
@@ -134,7 +111,7 @@ std::string Sections(int count) {
 enum class Recording { None, StepPerEdit, Typing };
 
 void WriteIniEdit(benchmark::State& state, Recording recording) {
-    const MemoryScratch scratch;
+    const ScratchApp scratch(MemoryBackedFolder());
     const std::string project = scratch.CreateProject("P");
     const std::string file = project + "\\misc\\factions.ini";
     platform::ReplaceFile(file, Sections(static_cast<int>(state.range(0))));
