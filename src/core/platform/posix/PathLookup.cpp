@@ -8,6 +8,10 @@
 #include <sys/stat.h>
 
 namespace platform {
+
+using lookup::Exists;
+using lookup::Joined;
+
 namespace {
 
 using Look = int (*)(const char*, struct stat*);
@@ -38,11 +42,6 @@ bool ExistsAsSpelled(const std::string& hostPath) {
     return ::lstat(hostPath.c_str(), &st) == 0 && !FoundCaseBlind(hostPath, st, ::lstat);
 }
 
-bool Exists(const std::string& hostPath) {
-    struct stat st {};
-    return ::lstat(hostPath.c_str(), &st) == 0;
-}
-
 // The entry of a folder that matches a name without regard to case; "" when none does.
 std::string MatchInFolder(const std::string& folder, std::string_view name) {
     DIR* dir = ::opendir(folder.empty() ? "." : folder.c_str());
@@ -60,14 +59,6 @@ std::string MatchInFolder(const std::string& folder, std::string_view name) {
     }
     ::closedir(dir);
     return found;
-}
-
-std::string Joined(const std::string& folder, std::string_view name) {
-    std::string out = folder;
-    if (out.empty() || out.back() != '/')
-        out += '/';
-    out += name;
-    return out;
 }
 
 FileStamp StampFrom(const struct stat& st) {
@@ -116,11 +107,16 @@ std::string ResolvePath(std::string_view path) {
 namespace lookup {
 
 bool Exists(const std::string& hostPath) {
-    return platform::Exists(hostPath);
+    struct stat st {};
+    return ::lstat(hostPath.c_str(), &st) == 0;
 }
 
 std::string Joined(const std::string& folder, std::string_view name) {
-    return platform::Joined(folder, name);
+    std::string out = folder;
+    if (out.empty() || out.back() != '/')
+        out += '/';
+    out += name;
+    return out;
 }
 
 std::optional<Split> SplitLast(const std::string& host) {

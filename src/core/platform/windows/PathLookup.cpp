@@ -5,13 +5,13 @@
 #include "core/platform/windows/Win32.h"
 
 namespace platform {
+
+using lookup::Exists;
+using lookup::Joined;
+
 namespace {
 
 using windows::WidePath;
-
-bool Exists(const std::string& hostPath) {
-    return ::GetFileAttributesW(WidePath(hostPath).c_str()) != INVALID_FILE_ATTRIBUTES;
-}
 
 // The length of the part of a host path that is no name to look up: "C:\", "C:", "\",
 // "\\server\share\" or an extended-length prefix with what follows it up to its root.
@@ -67,14 +67,6 @@ std::string MatchInFolder(const std::string& folder, std::string_view name) {
         windows::ListEntries(
             folder, [&](const std::string& entry, const WIN32_FIND_DATAW&) { consider(entry); });
     return exact.empty() ? folded : exact;
-}
-
-std::string Joined(const std::string& folder, std::string_view name) {
-    std::string out = folder;
-    if (!out.empty() && out.back() != '\\')
-        out += '\\';
-    out += name;
-    return out;
 }
 
 DWORD AttributesOf(std::string_view path) {
@@ -137,11 +129,15 @@ std::string ResolvePath(std::string_view path) {
 namespace lookup {
 
 bool Exists(const std::string& hostPath) {
-    return platform::Exists(hostPath);
+    return ::GetFileAttributesW(WidePath(hostPath).c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
 std::string Joined(const std::string& folder, std::string_view name) {
-    return platform::Joined(folder, name);
+    std::string out = folder;
+    if (!out.empty() && out.back() != '\\')
+        out += '\\';
+    out += name;
+    return out;
 }
 
 std::optional<Split> SplitLast(const std::string& host) {
